@@ -1,0 +1,2 @@
+// The shared library's entry. The exported C functions join it as their families land.
+#include "platform/platform.h"
