@@ -3,6 +3,7 @@
 // is written once against Windows semantics (codes, last error, code pages).
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "native_lock.h"  // from the backend folder: SlimLock and CriticalSection
@@ -53,5 +54,25 @@ int multiByteToWide(uint32_t codePage, uint32_t flags, const char* src, int srcL
 // code page's default character. Same length protocol as above.
 int wideToMultiByte(uint32_t codePage, uint32_t flags, const char16_t* src, int srcLen, char* dst,
                     int dstSize);
+
+// --- libraries ------------------------------------------------------------------------------
+using LibraryHandle = void*;
+inline constexpr uint32_t kLoadWithAlteredSearchPath = 0x8;
+inline constexpr uint32_t kErrorModNotFound = 126;
+inline constexpr uint32_t kErrorProcNotFound = 127;
+
+// LoadLibraryExW / LoadLibraryExA. A name without an extension gets the platform's default
+// one (".dll", ".so"). On Linux either separator may be used, and a bare name is looked for
+// next to the executable, then next to this library, then by the loader's own search, as the
+// Windows loader would. Null on failure, with lastError() set.
+LibraryHandle loadLibrary(const char16_t* path, uint32_t flags);
+LibraryHandle loadLibrary(const char* path, uint32_t flags);
+// GetProcAddress; null with lastError() 127 when absent.
+void* findSymbol(LibraryHandle library, const char* name);
+// FreeLibrary.
+bool freeLibrary(LibraryHandle library);
+// FormatMessageA from the system message table: the text of a system error code, without the
+// trailing line break, into `buffer`; the length written, 0 when there is no text.
+size_t systemErrorText(uint32_t code, char* buffer, size_t size);
 
 }  // namespace zqplatform
