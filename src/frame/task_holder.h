@@ -1,0 +1,35 @@
+// The task of one call: the handle is the task object's address, and the object's weak
+// self-reference gives the call its own strong reference. No pool lookup, no lock.
+#pragma once
+
+#include <memory>
+
+#include "status/status.h"
+#include "status/status_codes.h"
+
+namespace zqframe {
+
+using TaskHandle = void*;
+
+template <class Task>
+class TaskHolder {
+ public:
+  TaskHolder(TaskHandle handle, zqerr_Status* status) {
+    if (!zqerr::isOpen(status)) return;
+    if (!handle) {
+      ZQ_FAIL(status, nZQMSTS::kErrorNULLPtrForC_Api, "globals", 120);
+      return;
+    }
+    task_ = static_cast<Task*>(handle)->sharedFromThis();
+    if (!task_) zqerr::setPlain(status, zqpalerr_badPointer, kExpiredSite);
+  }
+  Task* get() const { return task_.get(); }
+  Task* operator->() const { return task_.get(); }
+  explicit operator bool() const { return task_ != nullptr; }
+
+ private:
+  static constexpr zqerr::SourceLocation kExpiredSite{"zqhtl/EnableSharedFromThis", 41, zqerr::kComponent, nullptr};
+  std::shared_ptr<Task> task_;
+};
+
+}  // namespace zqframe
