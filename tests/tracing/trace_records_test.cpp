@@ -1,0 +1,281 @@
+// The records that traced calls leave in the real ZqSpyLog tool, read back as its lines.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "spy_client.h"
+#include "traced_calls.h"
+
+namespace {
+
+using namespace zqtest;
+
+void* const kTask = reinterpret_cast<void*>(uintptr_t{0x1234});
+
+// "name@index:code[element,total]=value", as the tool prints a record.
+std::string rec(const char* name, int index, int code, int element, int total, const std::string& value) {
+  return std::string(name) + "@" + std::to_string(index) + ":" + std::to_string(code) + "[" +
+         std::to_string(element) + "," + std::to_string(total) + "]=" + value;
+}
+
+class Tracing : public testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(spy.loaded()) << "ZqSpyLog must be beside the test program";
+    spy.setMode(1);
+  }
+  void TearDown() override { spy.setMode(1); }
+
+  // One call with its own record: the new line, checked to be the only one.
+  template <class Call>
+  std::string lineOf(Call call) {
+    uint64_t before = spy.counters().lines;
+    call();
+    EXPECT_EQ(spy.counters().lines, before + 1);
+    return spy.line();
+  }
+
+  SpyClient spy;
+};
+
+// Start-up runs once whichever thread comes first; every thread then has a cookie.
+TEST_F(Tracing, FreshStartUpRunsOnceAcrossThreads) {
+  zqtrace::initialiseState(zqerr::makeFixedStatus());
+  ASSERT_FALSE(zqtrace::resolved());
+  uint64_t queries = spy.counters().versionQueries;
+  constexpr int kThreads = 8;
+  std::vector<Cookie> cookies(kThreads);
+  std::vector<std::thread> threads;
+  for (int i = 0; i < kThreads; ++i)
+    threads.emplace_back([&cookies, i] {
+      double x = 0;
+      tracedGetF64(kTask, &x, &cookies[static_cast<size_t>(i)]);
+    });
+  for (std::thread& t : threads) t.join();
+  EXPECT_TRUE(zqtrace::resolved());
+  EXPECT_EQ(spy.counters().versionQueries, queries + 1);
+  for (Cookie cookie : cookies) EXPECT_NE(cookie, 0u);
+}
+
+TEST_F(Tracing, ScalarGetRecordsParametersThenValueAndRetval) {
+  struct Case {
+    void* task;
+    const char* result;  // value of *data
+    const char* retval;
+  };
+  const Case cases[] = {{kTask, "2.5", "0 ok"}, {nullptr, "0", "-200230 failed"}};
+  for (const Case& c : cases) {
+    double x = 7;
+    std::string line = lineOf([&] { tracedGetF64(c.task, &x); });
+    EXPECT_EQ(line, "VorexGetAIMax params(2): " + rec("taskHandle", 0, 93, 8, 8, pointerText(c.task)) + " " +
+                        rec("data", 1, 91, 8, 8, pointerText(&x)) + "; returns(2): " +
+                        rec("*data", 0, 19, 8, 8, c.result) + " " + rec("retval", 1, 75, 4, 4, c.retval));
+  }
+}
+
+TEST_F(Tracing, NullOutParameterIsLeftOutOfTheReturns) {
+  std::string line = lineOf([&] { tracedGetF64(kTask, nullptr); });
+  EXPECT_EQ(line, "VorexGetAIMax params(2): " + rec("taskHandle", 0, 93, 8, 8, "0x1234") + " " +
+                      rec("data", 1, 91, 8, 8, "NULL") + "; returns(1): " + rec("retval", 0, 75, 4, 4, "0 ok"));
+}
+
+TEST_F(Tracing, StringSizeQueryIsTheSizeRecordAlone) {
+  struct Case {
+    char* buffer;
+    uint32_t size;
+    std::string dataParam;
+  };
+  char buffer[4];
+  const Case cases[] = {{nullptr, 100, rec("data", 2, 93, 8, 8, "NULL")},
+                        {buffer, 0, rec("data", 2, 89, 8, 8, pointerText(buffer))}};
+  for (const Case& c : cases) {
+    std::string line = lineOf([&] { EXPECT_EQ(tracedGetString(kTask, "ai0", c.buffer, c.size), 9); });
+    EXPECT_EQ(line, "VorexGetAICustomScaleName params(4): " + rec("taskHandle", 0, 93, 8, 8, "0x1234") + " " +
+                        rec("channel", 1, 79, 1, 3, "\"ai0\"") + " " + c.dataParam + " " +
+                        rec("bufferSize", 3, 71, 4, 4, std::to_string(c.size)) + "; returns(1): " +
+                        rec("size", 0, 75, 4, 4, "9 ok"));
+  }
+}
+
+TEST_F(Tracing, StringGetRecordsTheTextWithItsLength) {
+  char buffer[16];
+  std::string line = lineOf([&] { tracedGetString(kTask, "ai0", buffer, sizeof buffer); });
+  EXPECT_NE(line.find("; returns(2): " + rec("data", 0, 79, 1, 8, "\"Dev1/ai0\"") + " " +
+                      rec("retval", 1, 75, 4, 4, "0 ok")),
+            std::string::npos)
+      << line;
+}
+
+TEST_F(Tracing, NullChannelIsAPointerAndEmptyChannelIsText) {
+  struct Case {
+    const char* channel;
+    std::string record;
+  };
+  const Case cases[] = {{nullptr, rec("channel", 1, 93, 8, 8, "NULL")},
+                        {"", rec("channel", 1, 79, 1, 0, "\"\"")},
+                        {"Dev1/ai0:3", rec("channel", 1, 79, 1, 10, "\"Dev1/ai0:3\"")}};
+  for (const Case& c : cases) {
+    std::string line = lineOf([&] { tracedGetString(kTask, c.channel, nullptr, 0); });
+    EXPECT_NE(line.find(" " + c.record + " "), std::string::npos) << line;
+  }
+}
+
+TEST_F(Tracing, EnumerationIsTheAttributeAndValuePair) {
+  std::string line = lineOf([&] { tracedSetEnum(kTask, 0x1097, 10083); });
+  EXPECT_EQ(line, "VorexSetAITermCfg params(2): " + rec("taskHandle", 0, 93, 8, 8, "0x1234") + " " +
+                      rec("data", 1, 103, 4, 8, "{0x1097,10083}") + "; returns(1): " +
+                      rec("retval", 0, 75, 4, 4, "0 ok"));
+}
+
+TEST_F(Tracing, ExceptionInTheBodyEndsTheRecordWithNoReturns) {
+  std::string line = lineOf([&] { EXPECT_THROW(tracedThrowing(kTask), std::runtime_error); });
+  EXPECT_EQ(line, "VorexClearTask params(1): " + rec("taskHandle", 0, 93, 8, 8, "0x1234") + "; returns(0):");
+}
+
+TEST_F(Tracing, GuardAloneEndsACallThatStoppedBeforeItsParametersEnded) {
+  std::string line = lineOf([&] {
+    TraceCall trace("VorexLoadTask");
+    trace.paramText("taskName", "saved");
+  });
+  EXPECT_EQ(line, "VorexLoadTask params(-): " + rec("taskName", 0, 79, 1, 5, "\"saved\"") + "; returns(0):");
+}
+
+TEST_F(Tracing, ModeWordOffBetweenTwoCallsTakesNoCookie) {
+  double x = 0;
+  Cookie first = 0, second = 0, third = 0;
+  tracedGetF64(kTask, &x, &first);
+  spy.setMode(0);
+  SpyClient::Counters before = spy.counters();
+  tracedGetF64(kTask, &x, &second);
+  SpyClient::Counters after = spy.counters();
+  spy.setMode(1);
+  tracedGetF64(kTask, &x, &third);
+  EXPECT_NE(first, 0u);
+  EXPECT_EQ(second, 0u);
+  EXPECT_EQ(after.cookieRequests, before.cookieRequests);  // not even asked for
+  EXPECT_EQ(after.lines, before.lines);
+  EXPECT_NE(third, 0u);
+  EXPECT_EQ(x, 2.5);  // the untraced call did its work all the same
+}
+
+TEST_F(Tracing, WrappedCallsHaveTwoRecordsInnerFirst) {
+  uint64_t before = spy.counters().lines;
+  tracedStartTask(kTask);
+  ASSERT_EQ(spy.counters().lines, before + 2);
+  EXPECT_EQ(spy.line(1), "VorexTaskControl params(2): " + rec("taskHandle", 0, 93, 8, 8, "0x1234") + " " +
+                             rec("action", 1, 79, 1, 20, "\"Vorex_Val_Task_Start\"") + "; returns(1): " +
+                             rec("retval", 0, 75, 4, 4, "0 ok"));
+  EXPECT_EQ(spy.line(0), "VorexStartTask params(1): " + rec("taskHandle", 0, 93, 8, 8, "0x1234") +
+                             "; returns(1): " + rec("retval", 0, 75, 4, 4, "0 ok"));
+}
+
+// The record that each helper writes, one parameter at index 0.
+TEST_F(Tracing, ParameterHelpersWriteTheirRecords) {
+  struct Time {
+    uint64_t low, high;
+  };
+  struct Case {
+    void (*write)(TraceCall&);
+    std::string records;
+  };
+  static const double kValueData[] = {1.5, -2, 4e-3};
+  static const int16_t kWordData[] = {-1, 2, 300};
+  static const double* const kValues = kValueData;
+  static const int16_t* const kWords = kWordData;
+  static const double* const kNoValues = nullptr;
+  const Case cases[] = {
+      {[](TraceCall& t) { t.paramArray("electricalValues", kF64Array, kValues, 3); },
+       rec("electricalValues", 0, 20, 8, 8, pointerText(kValues)) + " " +
+           rec("electricalValues", 1, 20, 8, 24, "[1.5, -2, 0.004]")},
+      {[](TraceCall& t) { t.paramArray("writeArray", kI16Array, kWords, 3); },
+       rec("writeArray", 0, 8, 8, 8, pointerText(kWords)) + " " + rec("writeArray", 1, 8, 8, 24, "[-1, 2, 300]")},
+      {[](TraceCall& t) { t.paramArray("physicalValues", kF64Array, kNoValues, 2); },
+       rec("physicalValues", 0, 20, 8, 8, "NULL") + " " + rec("physicalValues", 1, 93, 8, 8, "NULL")},
+      {[](TraceCall& t) { t.paramNamedOrEnum("terminalConfig", Literals::kTerminalConfig, 0x1097, -1); },
+       rec("terminalConfig", 0, 79, 1, 21, "\"Vorex_Val_Cfg_Default\"")},
+      {[](TraceCall& t) { t.paramNamedOrEnum("terminalConfig", Literals::kTerminalConfig, 0x1097, 10106); },
+       rec("terminalConfig", 0, 103, 4, 8, "{0x1097,10106}")},
+      {[](TraceCall& t) { t.paramNamed("signalID", Literals::kSignal, 12491); },
+       rec("signalID", 0, 79, 1, 22, "\"Vorex_Val_StartTrigger\"")},
+      {[](TraceCall& t) { t.paramNamed("signalID", Literals::kSignal, 12345); }, rec("signalID", 0, 75, 4, 4, "12345")},
+      {[](TraceCall& t) { t.paramTimeout("timeout", -1.0); },
+       rec("timeout", 0, 79, 1, 24, "\"Vorex_Val_WaitInfinitely\"")},
+      {[](TraceCall& t) { t.paramTimeout("timeout", 10.0); }, rec("timeout", 0, 81, 8, 8, "10")},
+      {[](TraceCall& t) { t.paramTime("timestamp", Time{1, 2}); }, rec("timestamp", 0, 108, 1, 16, "{0x1,0x2}")},
+      {[](TraceCall& t) { t.param("sampsPerChan", kU64, uint64_t{1} << 40); },
+       rec("sampsPerChan", 0, 95, 8, 8, "1099511627776")},
+      {[](TraceCall& t) { t.param("data", kBool32, uint32_t{1}); }, rec("data", 0, 21, 4, 4, "1")},
+  };
+  for (const Case& c : cases) {
+    std::string line = lineOf([&] {
+      TraceCall trace("F");
+      c.write(trace);
+      trace.endParams();
+      trace.retval(0);
+    });
+    EXPECT_NE(line.find("): " + c.records + ";"), std::string::npos) << line;
+  }
+}
+
+TEST_F(Tracing, ReturnHelpersWriteTheirRecords) {
+  struct Case {
+    void (*write)(TraceCall&);
+    std::string records;
+  };
+  static const double kReadData[] = {0.5, 1.5};
+  static const uint8_t kByteData[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
+  static const double* const kRead = kReadData;
+  static const uint8_t* const kBytes = kByteData;
+  static const double* const kNoArray = nullptr;
+  static const int32_t kSamps = 2;
+  static const int32_t* const kNoSamps = nullptr;
+  const Case cases[] = {
+      {[](TraceCall& t) { t.retArray("readArray", kF64Array, kRead, 2); },
+       rec("readArray", 0, 20, 8, 16, "[0.5, 1.5]")},
+      {[](TraceCall& t) { t.retArray("readArray", kU8Array, kBytes, 10); },
+       rec("readArray", 0, 10, 8, 10, "[1, 2, 3, 4, 5, 6, 7, 8, ... 10 in all]")},
+      {[](TraceCall& t) { t.retArray("readArray", kF64Array, kNoArray, 2); }, rec("readArray", 0, 93, 8, 8, "NULL")},
+      {[](TraceCall& t) { t.retOut("*sampsPerChanRead", kI32, &kSamps); },
+       rec("*sampsPerChanRead", 0, 75, 4, 4, "2")},
+      {[](TraceCall& t) { t.retOut("*sampsPerChanRead", kI32, kNoSamps); },
+       rec("*sampsPerChanRead", 0, 93, 8, 8, "NULL")},
+      {[](TraceCall& t) { t.retEnum("*data", 0x1094, 10348); }, rec("*data", 0, 103, 4, 8, "{0x1094,10348}")},
+      {[](TraceCall& t) { t.retText("buffer", "abcdef", 3); }, rec("buffer", 0, 79, 1, 3, "\"abc\"")},
+  };
+  for (const Case& c : cases) {
+    std::string line = lineOf([&] {
+      TraceCall trace("F");
+      trace.endParams();
+      c.write(trace);
+      trace.retval(-1);
+    });
+    EXPECT_EQ(line, "F params(0):; returns(2): " + c.records + " " + rec("retval", 1, 75, 4, 4, "-1 failed"));
+  }
+}
+
+TEST_F(Tracing, LogFileHoldsTheSameLine) {
+  const char* path = std::getenv("ZQSPY_LOG_FILE");
+  ASSERT_TRUE(path && *path) << "the test runs with ZQSPY_LOG_FILE set";
+  double x = 0;
+  tracedGetF64(kTask, &x);
+  std::ifstream file(path);
+  std::string line, last;
+  while (std::getline(file, line)) last = line;
+  EXPECT_EQ(last, spy.line());
+}
+
+TEST(TracingVersion, ModeWordFromSevenOfMajorTwo) {
+  struct Case {
+    uint32_t major, minor;
+    bool modeWord;
+  };
+  const Case cases[] = {{2, 7, true}, {2, 6, false}, {2, 10, true}, {3, 0, true},
+                        {1, 9, false}, {0, 0, false}, {2, 0, false}};
+  for (const Case& c : cases) EXPECT_EQ(zqspy::hasModeWord(c.major, c.minor), c.modeWord) << c.major << "." << c.minor;
+}
+
+}  // namespace
