@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "frame/channel_argument.h"
+#include "frame/frame_trace.h"
 #include "frame/op_traits.h"
 #include "frame/task_holder.h"
 #include "frame/type_classes.h"
@@ -55,6 +56,12 @@ template <class Class, auto Op>
 int32_t getScalar(const AccessorInfo& info, TaskHandle handle, const char* channel,
                   typename Class::Value* data) {
   using Task = typename OpTraits<decltype(Op)>::Task;
+  zqtrace::TraceCall trace(info.traceName);
+  if (trace) {
+    traceHead(trace, info, handle, channel);
+    trace.param("data", Class::kGetParam, data);
+    trace.endParams();
+  }
   zqerr::Status status;
   TaskHolder<Task> task(handle, &status);
   nZQCAI100::LastErrorRecorder<Task> recorder(&status, task.get(), nullptr);
@@ -70,6 +77,7 @@ int32_t getScalar(const AccessorInfo& info, TaskHandle handle, const char* chann
     }
   }
   if (status.code < 0 && data) *data = 0;
+  traceGetReturns<Class>(trace, info, data, status.code);
   return status.code;
 }
 
@@ -77,6 +85,12 @@ template <class Class, auto Op>
 int32_t setScalar(const AccessorInfo& info, TaskHandle handle, const char* channel,
                   typename Class::Value data) {
   using Task = typename OpTraits<decltype(Op)>::Task;
+  zqtrace::TraceCall trace(info.traceName);
+  if (trace) {
+    traceHead(trace, info, handle, channel);
+    traceValueParam<Class>(trace, info, data);
+    trace.endParams();
+  }
   zqerr::Status status;
   TaskHolder<Task> task(handle, &status);
   nZQCAI100::LastErrorRecorder<Task> recorder(&status, task.get(), nullptr);
@@ -87,12 +101,18 @@ int32_t setScalar(const AccessorInfo& info, TaskHandle handle, const char* chann
       zqerr::convertCurrentException(&status);
     }
   }
+  trace.retval(status.code);
   return status.code;
 }
 
 template <auto Op>
 int32_t resetAttribute(const AccessorInfo& info, TaskHandle handle, const char* channel) {
   using Task = typename OpTraits<decltype(Op)>::Task;
+  zqtrace::TraceCall trace(info.traceName);
+  if (trace) {
+    traceHead(trace, info, handle, channel);
+    trace.endParams();
+  }
   zqerr::Status status;
   TaskHolder<Task> task(handle, &status);
   nZQCAI100::LastErrorRecorder<Task> recorder(&status, task.get(), nullptr);
@@ -103,6 +123,7 @@ int32_t resetAttribute(const AccessorInfo& info, TaskHandle handle, const char* 
       zqerr::convertCurrentException(&status);
     }
   }
+  trace.retval(status.code);
   return status.code;
 }
 
@@ -114,6 +135,12 @@ template <class Class, auto NarrowOp, auto WideOp>
 int32_t getScalarWithFallback(const AccessorInfo& info, TaskHandle handle, typename Class::Value* data) {
   using Task = typename OpTraits<decltype(NarrowOp)>::Task;
   using Value = typename Class::Value;
+  zqtrace::TraceCall trace(info.traceName);
+  if (trace) {
+    traceHead(trace, info, handle, nullptr);
+    trace.param("data", Class::kGetParam, data);
+    trace.endParams();
+  }
   zqerr::Status status;
   TaskHolder<Task> task(handle, &status);
   nZQCAI100::LastErrorRecorder<Task> recorder(&status, task.get(), nullptr);
@@ -137,13 +164,20 @@ int32_t getScalarWithFallback(const AccessorInfo& info, TaskHandle handle, typen
     }
   }
   if (status.code < 0 && data) *data = 0;
+  traceGetReturns<Class>(trace, info, data, status.code);
   return status.code;
 }
 
 // Set (with a value) and Reset (without) of the same accessors.
-template <auto NarrowOp, auto WideOp, class... Value>
+template <class Class, auto NarrowOp, auto WideOp, class... Value>
 int32_t changeWithFallback(const AccessorInfo& info, TaskHandle handle, Value... data) {
   using Task = typename OpTraits<decltype(NarrowOp)>::Task;
+  zqtrace::TraceCall trace(info.traceName);
+  if (trace) {
+    traceHead(trace, info, handle, nullptr);
+    (traceValueParam<Class>(trace, info, data), ...);
+    trace.endParams();
+  }
   zqerr::Status status;
   TaskHolder<Task> task(handle, &status);
   nZQCAI100::LastErrorRecorder<Task> recorder(&status, task.get(), nullptr);
@@ -158,6 +192,7 @@ int32_t changeWithFallback(const AccessorInfo& info, TaskHandle handle, Value...
       zqerr::convertCurrentException(&status);
     }
   }
+  trace.retval(status.code);
   return status.code;
 }
 

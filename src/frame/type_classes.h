@@ -6,26 +6,43 @@
 
 namespace zqframe {
 
+// Trace codes of `data`: as a Get parameter (a pointer), as the Get's "*data" return, and as a
+// Set parameter. The enumeration class traces its values as the pair of id and value.
 struct ClassI32 {
   using Value = int32_t;
+  static constexpr int32_t kGetParam = 86, kValue = 103;
+  static constexpr bool kEnumPair = true;
 };
 struct ClassU32 {
   using Value = uint32_t;
+  static constexpr int32_t kGetParam = 82, kValue = 1;
 };
 // A 64-bit size operation narrowed to 32 bits at the interface.
 struct ClassU32Size {
   using Value = uint32_t;
+  static constexpr int32_t kGetParam = 82, kValue = 1;
   static constexpr bool kNarrows = true;
 };
 struct ClassU64 {
   using Value = uint64_t;
+  static constexpr int32_t kGetParam = 96, kValue = 95;
 };
 struct ClassF64 {
   using Value = double;
+  static constexpr int32_t kGetParam = 91, kValue = 19;
 };
 struct ClassBool {
   using Value = uint32_t;  // bool32: 0 or 1
+  static constexpr int32_t kGetParam = 22, kValue = 21;
 };
+
+template <class Class>
+constexpr bool enumPair() {
+  if constexpr (requires { Class::kEnumPair; })
+    return Class::kEnumPair;
+  else
+    return false;
+}
 
 template <class Class>
 constexpr bool narrows() {

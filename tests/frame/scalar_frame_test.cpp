@@ -38,7 +38,7 @@ int32_t getReadOffset(TaskHandle task, int32_t* data) {
       kReadOffset, task, data);
 }
 int32_t setReadOffset(TaskHandle task, int32_t data) {
-  return changeWithFallback<&FakeTask::setReadAttributeI32, &FakeTask::setReadAttributeOffset>(kReadOffset, task,
+  return changeWithFallback<ClassI32, &FakeTask::setReadAttributeI32, &FakeTask::setReadAttributeOffset>(kReadOffset, task,
                                                                                                 data);
 }
 
