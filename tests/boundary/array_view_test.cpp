@@ -1,0 +1,113 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "boundary/array_view.h"
+#include "case_printer.h"
+#include "report_probe.h"
+#include "status/status.h"
+#include "status/status_codes.h"
+
+namespace {
+
+using zqgopher::ArrayViewAdapter;
+using zqgopher::StringArrayView;
+
+const double kValues[] = {1.0, 2.0, 3.0};
+
+struct ViewCase {
+  const char* name;
+  int32_t statusBefore;
+  const double* items;
+  uint64_t count;
+  const double* expectedData;
+  uint64_t expectedCount;
+  int32_t statusAfter;
+};
+
+class FromPointer : public testing::TestWithParam<ViewCase> {};
+
+TEST_P(FromPointer, TakesBothValuesOrStaysEmpty) {
+  const ViewCase& c = GetParam();
+  zqerr::Status status;
+  status.code = c.statusBefore;
+  ArrayViewAdapter<double> view(c.items, c.count, &status);
+  EXPECT_EQ(view.data, c.expectedData);
+  EXPECT_EQ(view.count, c.expectedCount);
+  EXPECT_EQ(status.code, c.statusAfter);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    ArrayViewAdapter, FromPointer,
+    testing::Values(ViewCase{"PointerAndCount", 0, kValues, 3, kValues, 3, 0},
+                    ViewCase{"CountZeroIgnoresThePointer", 0, kValues, 0, nullptr, 0, 0},
+                    ViewCase{"NullAndZeroIsEmpty", 0, nullptr, 0, nullptr, 0, 0},
+                    ViewCase{"NullWithACountIsRefused", 0, nullptr, 3, nullptr, 0, zqapalerr_invalidParameter},
+                    ViewCase{"FailedStatusStaysEmpty", -9, kValues, 3, nullptr, 0, -9},
+                    ViewCase{"FailedStatusDoesNotLookAtThePointer", -9, nullptr, 3, nullptr, 0, -9},
+                    ViewCase{"AWarningIsNoFailure", 4, kValues, 2, kValues, 2, 4}),
+    [](const auto& info) { return info.param.name; });
+
+TEST(ArrayViewAdapter, RefusalNamesItsSite) {
+  zqerr::Status status;
+  ArrayViewAdapter<int32_t> view(nullptr, 1, &status);
+  EXPECT_EQ(zqtest::member(status, "error_constant"), R"("zqapalerr_invalidParameter")");
+  EXPECT_EQ(zqtest::member(status, "file"), R"("zqgopher/ArrayViewAdapter")");
+}
+
+TEST(ArrayViewAdapter, ShowsAVectorInPlace) {
+  std::vector<uint32_t> lines{8, 4};
+  ArrayViewAdapter<uint32_t> view(lines);
+  EXPECT_EQ(view.data, lines.data());
+  EXPECT_EQ(view.count, 2u);
+  EXPECT_EQ(view[1], 4u);
+
+  std::vector<uint32_t> none;
+  ArrayViewAdapter<uint32_t> empty(none);
+  EXPECT_EQ(empty.data, nullptr);
+  EXPECT_EQ(empty.count, 0u);
+}
+
+TEST(ArrayViewAdapter, ShowsOneValue) {
+  const int32_t value = 17;
+  ArrayViewAdapter<int32_t> view(value);
+  EXPECT_EQ(view.data, &value);
+  EXPECT_EQ(view.count, 1u);
+}
+
+TEST(StringArrayView, AnEmptyListIsTheNullView) {
+  std::vector<std::string> names;
+  StringArrayView view(names);
+  EXPECT_EQ(view.data, nullptr);
+  EXPECT_EQ(view.count, 0u);
+}
+
+TEST(StringArrayView, PointsIntoTheSourceStrings) {
+  std::vector<std::string> names{"Dev1/ai0", "", "Dev2/ai3"};
+  StringArrayView view(names);
+  ASSERT_EQ(view.count, 3u);
+  for (size_t i = 0; i < names.size(); ++i) EXPECT_EQ(view[i], names[i].c_str()) << i;
+  const zqgopher_ArrayView* plain = &view;
+  EXPECT_STREQ(zqgopher_ArrayView_strings(plain)[2], "Dev2/ai3");
+}
+
+TEST(StringArrayView, MovingKeepsThePointers) {
+  std::vector<std::string> names{"a", "b"};
+  StringArrayView first(names);
+  const void* data = first.data;
+  StringArrayView second(std::move(first));
+  EXPECT_EQ(second.data, data);
+  EXPECT_EQ(second.count, 2u);
+  EXPECT_EQ(second[0], names[0].c_str());
+  EXPECT_EQ(first.count, 0u);
+
+  StringArrayView third;
+  third = std::move(second);
+  EXPECT_EQ(third.data, data);
+  EXPECT_EQ(third[1], names[1].c_str());
+}
+
+}  // namespace

@@ -1,0 +1,209 @@
+// The library's objects driven by a plug-in written in C (c_plugin.c), through the published
+// tables only: what the plug-in does must land in the caller's own memory.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "boundary/array_buffer_adapter.h"
+#include "boundary/array_line_buffer_adapter.h"
+#include "boundary/array_view.h"
+#include "boundary/item_adder_adapter.h"
+#include "boundary/string_adapter.h"
+#include "c_plugin.h"
+#include "report_probe.h"
+#include "status/status.h"
+#include "status/status_codes.h"
+
+namespace {
+
+using namespace zqgopher;
+
+TEST(CPlugin, ReadFillsTheCallersArrayInPlace) {
+  std::vector<double> samples(8, -1.0);
+  zqerr::Status status;
+  ArrayBufferAdapter adapter(samples.data(), samples.size(), &status);
+  cplug_readRamp(adapter.boundary(), 2, 3, &status);
+  EXPECT_EQ(status.code, 0);
+  EXPECT_EQ(samples, (std::vector<double>{0.0, 0.5, 1.0, 1.5, 2.0, 2.5, -1.0, -1.0}));
+}
+
+TEST(CPlugin, ReadBeyondTheArrayIsRefusedAndWritesNothing) {
+  std::vector<double> samples(4, -1.0);
+  zqerr::Status status;
+  ArrayBufferAdapter adapter(samples.data(), samples.size(), &status);
+  cplug_readRamp(adapter.boundary(), 1, 5, &status);
+  EXPECT_EQ(status.code, nZQMSTS100::kErrorReadBufferTooSmall);
+  EXPECT_EQ(samples, std::vector<double>(4, -1.0));
+}
+
+TEST(CPlugin, WriteReadsTheCallersArray) {
+  const double samples[6] = {1, 2, 3, 4, 5, 6};
+  zqerr::Status status;
+  ArrayBufferWriteAdapter adapter(samples, 2, 3, &status);
+  EXPECT_EQ(cplug_sumSamples(adapter.boundary(), &status), 21.0);
+  ArrayBufferWriteAdapter firstHalf(samples, 1, 3, &status);
+  EXPECT_EQ(cplug_sumSamples(firstHalf.boundary(), &status), 6.0);
+  EXPECT_EQ(status.code, 0);
+}
+
+TEST(CPlugin, EveryArrayEntryOfTheReadForm) {
+  double samples[6];
+  zqerr::Status status;
+  ArrayBufferAdapter adapter(samples, 2, 3, &status);
+  adapter.extension = 4;
+  cplug_ArrayProbe p{};
+  cplug_probeArray(adapter.boundary(), &status, &p);
+  EXPECT_EQ(p.capabilities, 41u);
+  EXPECT_FALSE(p.isEmpty);
+  EXPECT_EQ(p.numChannels, 2u);
+  EXPECT_EQ(p.numSampsPerChan, 3u);
+  EXPECT_EQ(p.data, samples);
+  EXPECT_EQ(p.mutableData, samples);
+  EXPECT_EQ(p.extension, 4u);
+  EXPECT_EQ(p.mutableExtension, 4u);
+  EXPECT_EQ(p.codeAfterReserved, 0);
+  EXPECT_EQ(p.codeAfterClear, 0);
+  EXPECT_TRUE(p.emptyAfterClear);
+}
+
+TEST(CPlugin, EveryArrayEntryOfTheWriteForm) {
+  const double samples[3] = {};
+  zqerr::Status status;
+  ArrayBufferWriteAdapter adapter(samples, 1, 3, &status);
+  cplug_ArrayProbe p{};
+  cplug_probeArray(adapter.boundary(), &status, &p);
+  EXPECT_EQ(p.capabilities, 0u);
+  EXPECT_FALSE(p.isEmpty);
+  EXPECT_EQ(p.numSampsPerChan, 3u);
+  EXPECT_EQ(p.data, samples);
+  EXPECT_EQ(p.codeAfterReserved, 0);
+  EXPECT_EQ(p.mutableData, nullptr);
+  EXPECT_EQ(p.codeAfterClear, zqapalerr_featureUnsupported) << "set by getMutableData, the first refusal";
+  EXPECT_TRUE(p.emptyAfterClear) << "a failed status reads as empty";
+}
+
+TEST(CPlugin, EveryArrayEntryOfTheScalarForm) {
+  double value[2];
+  zqerr::Status status;
+  ScalarArrayBufferAdapter adapter(value, 2, &status);
+  cplug_ArrayProbe p{};
+  cplug_probeArray(adapter.boundary(), &status, &p);
+  EXPECT_EQ(p.capabilities, 32u);
+  EXPECT_EQ(p.numChannels, 1u);
+  EXPECT_EQ(p.numSampsPerChan, 2u);
+  EXPECT_EQ(p.mutableData, value);
+  EXPECT_EQ(p.codeAfterClear, 0);
+}
+
+TEST(CPlugin, DigitalReadWritesLinesInPlace) {
+  std::vector<uint8_t> bytes(12, 0xEE);
+  zqerr::Status status;
+  ArrayLineBufferAdapter adapter(bytes.data(), bytes.size(), nullptr, 0, &status);
+  const uint32_t lines[] = {2, 3};
+  cplug_readLines(adapter.boundary(), lines, 2, 2, &status);
+  EXPECT_EQ(status.code, 0);
+  EXPECT_EQ(bytes, (std::vector<uint8_t>{0, 1, 10, 11, 100, 101, 102, 110, 111, 112, 0xEE, 0xEE}));
+}
+
+TEST(CPlugin, EveryLineEntryOfTheReadForm) {
+  uint8_t bytes[16];
+  const std::vector<uint32_t> lines{3, 1};
+  ArrayViewAdapter<uint32_t> view(lines);
+  zqerr::Status status;
+  ArrayLineBufferAdapter adapter(bytes, 16, &view, 4, &status);
+  cplug_LineProbe p{};
+  cplug_probeLines(adapter.boundary(), &status, &p);
+  EXPECT_EQ(p.capabilities, 24u);
+  EXPECT_FALSE(p.isEmpty);
+  EXPECT_EQ(p.numChannels, 2u);
+  EXPECT_EQ(p.numSampsPerChan, 4u);
+  EXPECT_EQ(p.numLines[0], 3u);
+  EXPECT_EQ(p.numLines[1], 1u);
+  EXPECT_EQ(p.data, bytes);
+  EXPECT_EQ(p.mutableData, bytes);
+  EXPECT_EQ(p.extension, 0u);
+  EXPECT_EQ(p.mutableExtension, 0u);
+  EXPECT_EQ(p.uniformNumLines, 0xFFFFFFFFu);
+  EXPECT_EQ(p.numLinesOfChannel0, 0xFFFFFFFFu);
+  EXPECT_EQ(p.codeAfterReserved, 0);
+  EXPECT_EQ(p.codeAfterClear, 0);
+  EXPECT_EQ(p.numChannelsAfterClear, 0u);
+}
+
+TEST(CPlugin, EveryLineEntryOfTheWriteAndScalarForms) {
+  uint8_t bytes[4] = {};
+  const std::vector<uint32_t> lines{4};
+  ArrayViewAdapter<uint32_t> view(lines);
+  zqerr::Status status;
+  ArrayLineBufferWriteAdapter write(bytes, 4, &view, 1, &status);
+  cplug_LineProbe p{};
+  cplug_probeLines(write.boundary(), &status, &p);
+  EXPECT_EQ(p.capabilities, 0u);
+  EXPECT_EQ(p.numLines[0], 4u);
+  EXPECT_EQ(p.data, bytes);
+  EXPECT_EQ(p.mutableData, nullptr);
+  EXPECT_EQ(p.codeAfterClear, zqapalerr_featureUnsupported);
+
+  zqerr::Status scalarStatus;
+  ScalarArrayLineBufferAdapter scalar(bytes, 4, &scalarStatus);
+  cplug_LineProbe q{};
+  cplug_probeLines(scalar.boundary(), &scalarStatus, &q);
+  EXPECT_EQ(q.capabilities, 16u);
+  EXPECT_EQ(q.numChannels, 1u);
+  EXPECT_EQ(q.numSampsPerChan, 1u);
+  EXPECT_EQ(q.numLines[0], 4u);
+  EXPECT_EQ(q.mutableData, bytes);
+  EXPECT_EQ(q.codeAfterClear, 0);
+}
+
+TEST(CPlugin, EveryStringEntry) {
+  std::string text = "previous";
+  StringAdapter adapter(text);
+  zqerr::Status status;
+  cplug_StringProbe p{};
+  cplug_probeString(adapter.boundary(), &status, &p);
+  EXPECT_EQ(p.sizeAfterAssign, 7u);
+  EXPECT_TRUE(p.dataMatches);
+  EXPECT_EQ(p.sizeAfterResize, 9u);
+  EXPECT_EQ(std::string(p.copied, 11), std::string("Channel\0\0\0#", 11));
+  EXPECT_EQ(p.dataAfterClear, nullptr);
+  EXPECT_EQ(p.mutableAfterClear, nullptr);
+  EXPECT_EQ(text, "");
+  EXPECT_EQ(status.code, 0);
+}
+
+TEST(CPlugin, ListsOfEveryElementType) {
+  std::vector<std::string> names;
+  std::vector<double> reals;
+  std::vector<int32_t> integers{99};
+  ItemAdderAdapter<std::string> n(names);
+  ItemAdderAdapter<double> r(reals);
+  ItemAdderAdapter<int32_t> i(integers);
+  zqerr::Status status;
+  cplug_addNames(n.boundary(), &status);
+  cplug_addReals(r.boundary(), &status);
+  cplug_addIntegers(i.boundary(), &status);
+  EXPECT_EQ(names, (std::vector<std::string>{"ai0", "ai1", "ai2"}));
+  EXPECT_EQ(reals, (std::vector<double>{0.5, 1.5, 2.5}));
+  EXPECT_EQ(integers, (std::vector<int32_t>{-1, 7, 42}));
+  EXPECT_EQ(status.code, 0);
+}
+
+TEST(CPlugin, ViewsOfNamesAndNumbers) {
+  std::vector<std::string> names{"Dev1/ai0", "Dev1/ai1"};
+  StringArrayView view(names);
+  char joined[64];
+  EXPECT_EQ(cplug_joinNames(&view, joined, sizeof joined), 17u);
+  EXPECT_STREQ(joined, "Dev1/ai0|Dev1/ai1");
+  StringArrayView none;
+  EXPECT_EQ(cplug_joinNames(&none, joined, sizeof joined), 0u);
+
+  const std::vector<double> coefficients{0.5, 0.25, 2.0};
+  ArrayViewAdapter<double> reals(coefficients);
+  EXPECT_EQ(cplug_sumReals(&reals), 2.75);
+}
+
+}  // namespace

@@ -1,0 +1,119 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "boundary/item_adder_adapter.h"
+#include "boundary/proxies.h"
+#include "boundary/string_adapter.h"
+#include "c_plugin.h"
+#include "case_printer.h"
+#include "report_probe.h"
+#include "status/status.h"
+#include "status/status_codes.h"
+
+namespace {
+
+using zqgopher::ItemAdderProxy;
+using zqgopher::StringProxy;
+using Names = std::vector<std::string>;
+
+TEST(StringProxy, AssignsTheBytesAndTheirLength) {
+  cplug_TextSink sink;
+  cplug_initTextSink(&sink);
+  zqerr::Status status;
+  const std::string text("Dev1/\xC3\xA9\0tail", 11);
+  StringProxy(&sink.base).set(text, &status);
+  EXPECT_EQ(sink.assignCalls, 1);
+  EXPECT_EQ(sink.length, 11u) << "the length, not the zero-terminated prefix";
+  EXPECT_EQ(std::string(sink.text, sink.length), text);
+  EXPECT_EQ(status.code, 0);
+}
+
+TEST(StringProxy, FillsALibraryStringToo) {
+  std::string target = "old";
+  zqgopher::StringAdapter adapter(target);
+  zqerr::Status status;
+  StringProxy(adapter.boundary()).set("new text", &status);
+  EXPECT_EQ(target, "new text");
+}
+
+TEST(StringProxy, ANullTargetIsRefused) {
+  zqerr::Status status;
+  StringProxy(nullptr).set("x", &status);
+  EXPECT_EQ(status.code, zqapalerr_invalidParameter);
+  EXPECT_EQ(zqtest::member(status, "file"), R"("zqgopher/StringProxy")");
+}
+
+TEST(StringProxy, NothingOnAFailedStatus) {
+  cplug_TextSink sink;
+  cplug_initTextSink(&sink);
+  zqerr::Status status;
+  zqtest::fail(&status);
+  StringProxy(&sink.base).set("x", &status);
+  StringProxy(nullptr).set("x", &status);
+  EXPECT_EQ(sink.assignCalls, 0);
+  EXPECT_EQ(status.code, -1);
+}
+
+struct AdderCase {
+  const char* name;
+  Names items;
+  int failAt;
+  const char* calls;
+  int32_t code;
+};
+
+class AddList : public testing::TestWithParam<AdderCase> {};
+
+TEST_P(AddList, ReservesOnceThenAddsUntilAFailure) {
+  const AdderCase& c = GetParam();
+  cplug_RecordingAdder adder;
+  cplug_initRecordingAdder(&adder, c.failAt, -12345);
+  zqerr::Status status;
+  ItemAdderProxy(&adder.base).add(c.items, &status);
+  EXPECT_STREQ(adder.calls, c.calls);
+  EXPECT_EQ(status.code, c.code);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    ItemAdderProxy, AddList,
+    testing::Values(AdderCase{"Three", {"a", "b", "c"}, 0, "reserve(3) add(a) add(b) add(c)", 0},
+                    AdderCase{"EmptyIsNotTouched", {}, 0, "", 0},
+                    AdderCase{"StopsAtTheFirstFailure", {"a", "b", "c"}, 2, "reserve(3) add(a) add(b)", -12345},
+                    AdderCase{"FailureOnTheLast", {"a", "b"}, 2, "reserve(2) add(a) add(b)", -12345}),
+    [](const auto& info) { return info.param.name; });
+
+TEST(ItemAdderProxy, ANullTargetIsRefusedEvenForAnEmptyList) {
+  for (const Names& names : {Names{}, Names{"a"}}) {
+    zqerr::Status status;
+    ItemAdderProxy(nullptr).add(names, &status);
+    EXPECT_EQ(status.code, zqapalerr_invalidParameter);
+    EXPECT_EQ(zqtest::member(status, "file"), R"("zqgopher/ItemAdderProxy")");
+  }
+}
+
+TEST(ItemAdderProxy, NumbersGoThroughTheirOwnTables) {
+  std::vector<double> reals{0.25};
+  std::vector<int32_t> integers;
+  zqgopher::ItemAdderAdapter<double> f(reals);
+  zqgopher::ItemAdderAdapter<int32_t> i(integers);
+  zqerr::Status status;
+  ItemAdderProxy(f.boundary()).add(std::vector<double>{1.5, -2.0}, &status);
+  ItemAdderProxy(i.boundary()).add(std::vector<int32_t>{3, 4, 5}, &status);
+  EXPECT_EQ(reals, (std::vector<double>{0.25, 1.5, -2.0}));
+  EXPECT_EQ(integers, (std::vector<int32_t>{3, 4, 5}));
+  EXPECT_EQ(status.code, 0);
+}
+
+TEST(ItemAdderProxy, NothingOnAFailedStatus) {
+  cplug_RecordingAdder adder;
+  cplug_initRecordingAdder(&adder, 0, 0);
+  zqerr::Status status;
+  zqtest::fail(&status);
+  ItemAdderProxy(&adder.base).add(Names{"a"}, &status);
+  EXPECT_STREQ(adder.calls, "");
+}
+
+}  // namespace
