@@ -75,4 +75,54 @@ bool freeLibrary(LibraryHandle library);
 // trailing line break, into `buffer`; the length written, 0 when there is no text.
 size_t systemErrorText(uint32_t code, char* buffer, size_t size);
 
+// === registry and shell folders =============================================================
+// RegOpenKeyExW, RegQueryValueExW, RegCloseKey and SHGetFolderPathW(CSIDL_SYSTEM). On Linux
+// the registry is the keys and values of a file in the Windows .reg export format, named by
+// ZQCAI_REGISTRY_FILE (default /etc/zqcai/registry.reg) and read afresh at every open, so one
+// file describes an installation on both systems; the system folder is ZQCAI_SYSTEM_FOLDER
+// (default /usr/lib).
+using RegistryKey = uintptr_t;  // an HKEY's value
+inline constexpr RegistryKey predefinedKey(uint32_t id) {
+  return static_cast<RegistryKey>(static_cast<intptr_t>(static_cast<int32_t>(id)));
+}
+inline constexpr RegistryKey kHkeyClassesRoot = predefinedKey(0x80000000u);
+inline constexpr RegistryKey kHkeyCurrentUser = predefinedKey(0x80000001u);
+inline constexpr RegistryKey kHkeyLocalMachine = predefinedKey(0x80000002u);
+inline constexpr RegistryKey kHkeyUsers = predefinedKey(0x80000003u);
+inline constexpr RegistryKey kHkeyCurrentConfig = predefinedKey(0x80000005u);
+
+inline constexpr uint32_t kKeyRead = 0x20019;
+inline constexpr uint32_t kKeyWow64_64Key = 0x100;
+inline constexpr uint32_t kKeyWow64_32Key = 0x200;  // the 32-bit view: HKLM\SOFTWARE\WOW6432Node
+
+inline constexpr uint32_t kRegSz = 1;
+inline constexpr uint32_t kRegExpandSz = 2;
+inline constexpr uint32_t kRegBinary = 3;
+inline constexpr uint32_t kRegDword = 4;
+inline constexpr uint32_t kRegMultiSz = 7;
+inline constexpr uint32_t kRegQword = 11;
+
+inline constexpr uint32_t kErrorSuccess = 0;
+inline constexpr uint32_t kErrorFileNotFound = 2;
+inline constexpr uint32_t kErrorAccessDenied = 5;
+inline constexpr uint32_t kErrorInvalidHandle = 6;
+inline constexpr uint32_t kErrorBadExeFormat = 193;
+inline constexpr uint32_t kErrorMoreData = 234;
+
+// RegOpenKeyExW: `parent` is a predefined key or one this opened; a null or empty `subKey`
+// opens `parent` again. Returns the system error code, 0 on success.
+uint32_t regOpenKey(RegistryKey parent, const char16_t* subKey, uint32_t access, RegistryKey* key);
+// RegQueryValueExW: a null or empty name is the key's default value. `size` is in bytes, in
+// and out; null `data` asks for the size. Too small a buffer gives kErrorMoreData with the
+// size needed. `type` may be null.
+uint32_t regQueryValue(RegistryKey key, const char16_t* valueName, uint32_t* type, void* data,
+                       uint32_t* size);
+uint32_t regCloseKey(RegistryKey key);
+
+inline constexpr int32_t kCsidlSystem = 0x25;
+inline constexpr size_t kMaxPath = 260;
+// SHGetFolderPathW(null, csidl, null, 0, path): `path` holds kMaxPath units and receives the
+// folder zero-terminated. Returns the HRESULT, 0 on success.
+int32_t shellFolderPath(int32_t csidl, char16_t* path);
+
 }  // namespace zqplatform

@@ -21,6 +21,7 @@ namespace nZQMSTS {
 inline constexpr int32_t kErrorInvalidTask = -200088;
 inline constexpr int32_t kErrorDuplicateTask = -200089;
 inline constexpr int32_t kErrorLibraryNotPresent = -200090;
+inline constexpr int32_t kErrorFunctionNotInLibrary = -200091;
 inline constexpr int32_t kErrorFunctionNotSupportedForDeviceTasks = -200092;
 inline constexpr int32_t kErrorPhysicalChannelNotSpecified = -200099;
 inline constexpr int32_t kErrorInvalidDeviceID = -200220;

@@ -12,6 +12,8 @@ namespace zqplatform {
 
 namespace {
 
+// The loader's own words for the last failure on this thread: they name the file or symbol,
+// where the Windows text would not.
 thread_local std::string tLoaderText;
 
 std::string directoryOf(const std::string& path) {
@@ -31,7 +33,7 @@ std::string ownDirectory() {
   return directoryOf(info.dli_fname);
 }
 
-// Backslashes become slashes; a file name without a dot gets ".so".
+// Backslashes become slashes; a file name without a dot gets ".so", as Windows adds ".dll".
 std::string nativePath(const char* path) {
   std::string native(path);
   for (char& c : native)
@@ -42,7 +44,25 @@ std::string nativePath(const char* path) {
   return native;
 }
 
-LibraryHandle open(const std::string& path) { return dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL); }
+bool exists(const std::string& path) { return access(path.c_str(), F_OK) == 0; }
+
+// A bare name is looked for beside the program and beside this code first, as the Windows
+// loader looks in the application's folder; then dlopen searches as it does.
+std::string candidate(const std::string& native) {
+  if (native.find('/') != std::string::npos) return native;
+  for (const std::string& dir : {executableDirectory(), ownDirectory()})
+    if (!dir.empty() && exists(dir + native)) return dir + native;
+  return native;
+}
+
+// The Windows code for why a file could not be loaded.
+uint32_t loadError(const std::string& file, const std::string& text) {
+  if (text.find("undefined symbol") != std::string::npos) return kErrorProcNotFound;
+  if (file.find('/') != std::string::npos && exists(file) &&
+      text.find("cannot open shared object file") == std::string::npos)
+    return kErrorBadExeFormat;
+  return kErrorModNotFound;
+}
 
 }  // namespace
 
@@ -51,17 +71,12 @@ LibraryHandle loadLibrary(const char* path, uint32_t) {
     setLastError(kErrorInvalidParameter);
     return nullptr;
   }
-  std::string native = nativePath(path);
-  LibraryHandle handle = nullptr;
-  if (native.find('/') == std::string::npos) {
-    for (const std::string& dir : {executableDirectory(), ownDirectory()})
-      if (!handle && !dir.empty() && access((dir + native).c_str(), F_OK) == 0) handle = open(dir + native);
-  }
-  if (!handle) handle = open(native);
+  std::string file = candidate(nativePath(path));
+  LibraryHandle handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
   if (!handle) {
     const char* text = dlerror();
     tLoaderText = text ? text : "";
-    setLastError(kErrorModNotFound);
+    setLastError(loadError(file, tLoaderText));
   }
   return handle;
 }
@@ -79,8 +94,12 @@ LibraryHandle loadLibrary(const char16_t* path, uint32_t flags) {
 }
 
 void* findSymbol(LibraryHandle library, const char* name) {
+  if (!library || !name) {
+    setLastError(library ? kErrorInvalidParameter : kErrorInvalidHandle);
+    return nullptr;
+  }
   dlerror();
-  void* address = library && name ? dlsym(library, name) : nullptr;
+  void* address = dlsym(library, name);
   if (!address) {
     const char* text = dlerror();
     tLoaderText = text ? text : "";
@@ -89,19 +108,28 @@ void* findSymbol(LibraryHandle library, const char* name) {
   return address;
 }
 
-bool freeLibrary(LibraryHandle library) { return library && dlclose(library) == 0; }
+bool freeLibrary(LibraryHandle library) {
+  if (library && dlclose(library) == 0) return true;
+  setLastError(kErrorInvalidHandle);
+  return false;
+}
 
 size_t systemErrorText(uint32_t code, char* buffer, size_t size) {
   std::string text;
   switch (code) {
+    case kErrorFileNotFound: text = "The system cannot find the file specified."; break;
+    case kErrorAccessDenied: text = "Access is denied."; break;
+    case kErrorInvalidHandle: text = "The handle is invalid."; break;
     case kErrorInvalidParameter: text = "The parameter is incorrect."; break;
     case kErrorInsufficientBuffer: text = "The data area passed to a system call is too small."; break;
     case kErrorModNotFound: text = "The specified module could not be found."; break;
     case kErrorProcNotFound: text = "The specified procedure could not be found."; break;
+    case kErrorBadExeFormat: text = "%1 is not a valid Win32 application."; break;
+    case kErrorMoreData: text = "More data is available."; break;
     default: return 0;
   }
-  // The loader's own words say which file or symbol, where Windows would not.
-  if ((code == kErrorModNotFound || code == kErrorProcNotFound) && !tLoaderText.empty())
+  if ((code == kErrorModNotFound || code == kErrorProcNotFound || code == kErrorBadExeFormat) &&
+      !tLoaderText.empty())
     text += " (" + tLoaderText + ")";
   if (size == 0) return 0;
   size_t n = text.size() < size ? text.size() : size - 1;

@@ -1,0 +1,252 @@
+#include "binding/load_library.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "plugin/plugin.h"
+#include "report_query.h"
+#include "status/status_codes.h"
+#include "test_interfaces.h"
+
+namespace {
+
+using zqtest::NameTable;
+using zqtest::Recorder;
+using zqtest::reportAt;
+using zqtest::reportKeys;
+using Keys = std::vector<std::string>;
+
+// The strict library's class: it lacks "write".
+inline const char* const kStrictClass[] = {"open", "read", "write", "count", "close"};
+inline const char* const kStrictPresent[] = {"open", "read", "count", "close"};
+inline const char* const kTwoMissing[] = {"open", "flush", "read", "write"};
+inline const char* const kMissingLast[] = {"open", "read", "count", "close", "write"};
+using StrictClass = NameTable<kStrictClass, 5>;
+using StrictPresent = NameTable<kStrictPresent, 4>;
+using TwoMissing = NameTable<kTwoMissing, 4>;
+using MissingLast = NameTable<kMissingLast, 5>;
+constexpr size_t kCountSlot = 2;  // "count" in StrictPresent
+
+std::shared_ptr<StrictPresent> loadStrictPresent() {
+  zqerr::Status status;
+  return zqdynlib::loadBoundLibrary<StrictPresent>("zqtestStrict", &status, "zqtestStrict_");
+}
+
+std::shared_ptr<Recorder> loadRecorder(zqerr_Status* status) {
+  return zqdynlib::loadLenientLibrary<Recorder>("zqtestRecorder", status, "zqtestRecorder_", zqdynlib::kPluginSites);
+}
+
+// --- failures of both policies --------------------------------------------------------------
+
+struct RefusalCase {
+  const char* label;
+  bool (*refused)(zqerr_Status* status);  // true when the load gave an empty pointer
+  int32_t code;
+  const char* constant;
+  const char* file;
+  const char* path;
+  // The nested status
+  const char* nestedLine;
+  Keys debugKeys;
+  const char* subject;
+  const char* systemCode;
+};
+
+class Refusal : public testing::TestWithParam<RefusalCase> {};
+
+TEST_P(Refusal, NamesTheLibraryAndNestsTheCause) {
+  const RefusalCase& c = GetParam();
+  zqerr::Status status;
+  EXPECT_TRUE(c.refused(&status));
+  EXPECT_EQ(status.code, c.code);
+  const char* r = status.report;
+  EXPECT_EQ(reportKeys(r), (Keys{"error_constant", "file", "line", "component", "translator", "translator_info",
+                                 "nested_error"}));
+  EXPECT_EQ(reportAt(r, {"error_constant"}), c.constant);
+  EXPECT_EQ(reportAt(r, {"file"}), c.file);
+  EXPECT_EQ(reportAt(r, {"translator"}), "qxlator_zqvorex");
+  const char* item[] = {"translator_info", "ordered_data", "#0"};
+  EXPECT_EQ(reportAt(r, {item[0], item[1], item[2], "usage"}), "kUsageTypeLibraryName");
+  EXPECT_EQ(reportAt(r, {item[0], item[1], item[2], "value"}), c.path);
+  EXPECT_EQ(reportAt(r, {item[0], item[1], item[2], "value_type"}), "string");
+  EXPECT_EQ(reportAt(r, {item[0], item[1], "#1"}), zqtest::kAbsent);
+
+  EXPECT_EQ(reportKeys(r, {"nested_error"}), (Keys{"code", "error_constant", "file", "line", "component",
+                                                   "zqdynlib_debug", "internal_error"}));
+  EXPECT_EQ(reportAt(r, {"nested_error", "code"}), "-52005");
+  EXPECT_EQ(reportAt(r, {"nested_error", "error_constant"}), "zqapalerr_invalidParameter");
+  EXPECT_EQ(reportAt(r, {"nested_error", "file"}), "dynload");
+  EXPECT_EQ(reportAt(r, {"nested_error", "line"}), c.nestedLine);
+  EXPECT_EQ(reportKeys(r, {"nested_error", "zqdynlib_debug"}), c.debugKeys);
+  EXPECT_EQ(reportAt(r, {"nested_error", "zqdynlib_debug", c.debugKeys[1]}), c.subject);
+  EXPECT_EQ(reportAt(r, {"nested_error", "internal_error", "api"}), "win32");
+  EXPECT_EQ(reportAt(r, {"nested_error", "internal_error", "code"}), c.systemCode);
+}
+
+constexpr int32_t kNotPresent = nZQMSTS::kErrorLibraryNotPresent;
+constexpr int32_t kNotInLibrary = nZQMSTS::kErrorFunctionNotInLibrary;
+const Keys kLoadDebug{"debug", "path"};
+const Keys kSymbolDebug{"debug", "zqdynlib_symbol"};
+
+INSTANTIATE_TEST_SUITE_P(
+    Policies, Refusal,
+    testing::Values(
+        RefusalCase{"StrictAbsent",
+                    [](zqerr_Status* s) { return !zqdynlib::loadBoundLibrary<StrictClass>("zqtestAbsent", s, "zqtestAbsent_"); },
+                    kNotPresent, "nZQMSTS::kErrorLibraryNotPresent", "pluginUtilities", "zqtestAbsent", "58", kLoadDebug,
+                    "zqtestAbsent", "126"},
+        RefusalCase{"LenientAbsent",
+                    [](zqerr_Status* s) {
+                      return !zqdynlib::loadLenientLibrary<Recorder>("zqtestAbsent", s, "x_", zqdynlib::kPluginSites);
+                    },
+                    kNotPresent, "nZQMSTS::kErrorLibraryNotPresent", "pluginutilities", "zqtestAbsent", "58", kLoadDebug,
+                    "zqtestAbsent", "126"},
+        RefusalCase{"PluginAbsent", [](zqerr_Status* s) { return !zqdynlib::loadPlugin<Recorder>("zqtestAbsent", s); },
+                    kNotPresent, "nZQMSTS::kErrorLibraryNotPresent", "pluginutilities", "zqtestAbsent", "58", kLoadDebug,
+                    "zqtestAbsent", "126"},
+        RefusalCase{"StrictLacksOne",
+                    [](zqerr_Status* s) { return !zqdynlib::loadBoundLibrary<StrictClass>("zqtestStrict", s, "zqtestStrict_"); },
+                    kNotInLibrary, "nZQMSTS::kErrorFunctionNotInLibrary", "pluginUtilities", "zqtestStrict", "84",
+                    kSymbolDebug, "zqtestStrict_write", "127"},
+        RefusalCase{"StrictFirstMissInTableOrder",
+                    [](zqerr_Status* s) { return !zqdynlib::loadBoundLibrary<TwoMissing>("zqtestStrict", s, "zqtestStrict_"); },
+                    kNotInLibrary, "nZQMSTS::kErrorFunctionNotInLibrary", "pluginUtilities", "zqtestStrict", "84",
+                    kSymbolDebug, "zqtestStrict_flush", "127"},
+        RefusalCase{"StrictMissingLast",
+                    [](zqerr_Status* s) { return !zqdynlib::loadBoundLibrary<MissingLast>("zqtestStrict", s, "zqtestStrict_"); },
+                    kNotInLibrary, "nZQMSTS::kErrorFunctionNotInLibrary", "pluginUtilities", "zqtestStrict", "84",
+                    kSymbolDebug, "zqtestStrict_write", "127"},
+        RefusalCase{"StrictLibraryWithoutSymbols",
+                    [](zqerr_Status* s) { return !zqdynlib::loadBoundLibrary<StrictClass>("zqtestEmpty", s, "zqtestEmpty_"); },
+                    kNotInLibrary, "nZQMSTS::kErrorFunctionNotInLibrary", "pluginUtilities", "zqtestEmpty", "84",
+                    kSymbolDebug, "zqtestEmpty_open", "127"}),
+    [](const auto& info) { return std::string(info.param.label); });
+
+// --- the strict policy ----------------------------------------------------------------------
+
+TEST(StrictBinding, BindsEveryOperationOfALibraryThatHasThemAll) {
+  zqerr::Status status;
+  auto bound = zqdynlib::loadBoundLibrary<StrictPresent>("zqtestStrict", &status, "zqtestStrict_");
+  ASSERT_TRUE(bound);
+  EXPECT_EQ(status.code, 0);
+  EXPECT_EQ(status.report, nullptr);
+  ASSERT_EQ(bound->boundMask(), "1111");
+  EXPECT_EQ(bound->call(0, &status), 1);  // open
+  EXPECT_EQ(bound->call(3, &status), 4);  // close
+}
+
+// The refused library goes: with its only other user gone, its count starts again.
+TEST(StrictBinding, ARefusedLibraryIsUnloaded) {
+  auto held = loadStrictPresent();
+  ASSERT_TRUE(held);
+  zqerr::Status status;
+  EXPECT_EQ(held->call(kCountSlot, &status), 1);
+  EXPECT_FALSE(zqdynlib::loadBoundLibrary<StrictClass>("zqtestStrict", &status, "zqtestStrict_"));
+  EXPECT_EQ(status.code, nZQMSTS::kErrorFunctionNotInLibrary);
+  held.reset();
+  auto again = loadStrictPresent();
+  ASSERT_TRUE(again);
+  EXPECT_EQ(again->call(kCountSlot, &status), 1);
+}
+
+// --- the lenient policy ---------------------------------------------------------------------
+
+TEST(LenientBinding, ALibraryWithoutSymbolsLoadsWithEveryPointerZero) {
+  static const char* const kNames[] = {"open", "read", "write", "count", "close", "bump"};
+  zqerr::Status status;
+  auto table = zqdynlib::loadLenientLibrary<NameTable<kNames, 6>>("zqtestEmpty", &status, "zqtestEmpty_",
+                                                                   zqdynlib::kPluginSites);
+  ASSERT_TRUE(table);
+  EXPECT_EQ(table->boundMask(), "000000");
+  EXPECT_EQ(status.code, 0);
+  EXPECT_EQ(status.report, nullptr);  // the lookups' failures went with their local status
+}
+
+TEST(LenientBinding, MissingOperationsShowOnlyWhenCalled) {
+  struct Case {
+    const char* path;
+    const char* mask;  // has bump, add, journal, rewind
+  };
+  for (const Case& c : {Case{"zqtestRecorder", "1110"}, Case{"zqtestEmpty", "0000"}}) {
+    zqerr::Status status;
+    std::shared_ptr<Recorder> recorder = zqdynlib::loadPlugin<Recorder>(c.path, &status);
+    ASSERT_TRUE(recorder) << c.path;
+    EXPECT_EQ(status.code, 0) << c.path;
+    std::string mask;
+    for (bool has : {recorder->hasBump(), recorder->hasAdd(), recorder->hasJournal(), recorder->hasRewind()})
+      mask += has ? '1' : '0';
+    EXPECT_EQ(mask, c.mask) << c.path;
+    recorder->rewind(&status);
+    EXPECT_EQ(status.code, zqtest::kRecorderUnbound) << c.path;
+  }
+}
+
+TEST(LenientBinding, CallsReachTheLibraryThroughTheInterface) {
+  zqerr::Status status;
+  std::shared_ptr<zqtest::RecorderInterface> recorder = loadRecorder(&status);
+  ASSERT_TRUE(recorder);
+  std::string before = recorder->journal(&status);
+  EXPECT_EQ(recorder->add(40, 2, &status), 42);
+  recorder->bump(&status);
+  EXPECT_EQ(std::string(recorder->journal(&status)), before + "add;bump;");
+  EXPECT_EQ(status.code, 0);
+}
+
+// The plug-in table is bound by the same mechanism: a library without its symbols still loads.
+TEST(LenientBinding, ServesThePluginTable) {
+  static_assert(zqdynlib::BindableInterface<zqvorexRedir::Plugin>);
+  zqerr::Status status;
+  std::shared_ptr<zqvorexRedir::Plugin> plugin = zqdynlib::loadPlugin<zqvorexRedir::Plugin>("zqtestEmpty", &status);
+  ASSERT_TRUE(plugin);
+  EXPECT_EQ(status.code, 0);
+  size_t bound = 0;
+  for (size_t i = 0; i < zqvorexRedir::Plugin::kOperationCount; ++i) bound += plugin->slot(i) != nullptr;
+  EXPECT_EQ(bound, 0u);
+}
+
+// --- lifetime -------------------------------------------------------------------------------
+
+// The recorder counts its calls in the library's own memory, which a fresh load starts anew.
+TEST(BoundLibrary, StaysLoadedWhileAnyPointerLivesAndUnloadsWithTheLast) {
+  zqerr::Status status;
+  std::shared_ptr<Recorder> first = loadRecorder(&status);
+  ASSERT_TRUE(first);
+  int32_t base = first->bump(&status);
+  std::shared_ptr<zqtest::RecorderInterface> copy = first;
+  first.reset();
+  EXPECT_EQ(copy->bump(&status), base + 1);  // still there through the copy
+  std::shared_ptr<Recorder> second = loadRecorder(&status);
+  EXPECT_EQ(second->bump(&status), base + 2);  // a second binding shares the loaded library
+  copy.reset();
+  EXPECT_EQ(second->bump(&status), base + 3);
+  second.reset();
+  std::shared_ptr<Recorder> fresh = loadRecorder(&status);
+  ASSERT_TRUE(fresh);
+  EXPECT_EQ(fresh->bump(&status), 1);  // the last pointer's end unloaded it
+  EXPECT_EQ(status.code, 0);
+}
+
+// --- an error on entry ----------------------------------------------------------------------
+
+TEST(BoundLibrary, AnEarlierErrorLoadsNothingAndChangesNothing) {
+  using Load = std::shared_ptr<void> (*)(zqerr_Status*);
+  const Load loads[] = {
+      [](zqerr_Status* s) -> std::shared_ptr<void> { return zqdynlib::loadBoundLibrary<StrictPresent>("zqtestStrict", s, "zqtestStrict_"); },
+      [](zqerr_Status* s) -> std::shared_ptr<void> { return loadRecorder(s); },
+      [](zqerr_Status* s) -> std::shared_ptr<void> { return zqdynlib::loadPlugin<Recorder>("zqtestRecorder", s); },
+      [](zqerr_Status* s) -> std::shared_ptr<void> { return zqdynlib::loadPlugin<Recorder>("dir/", s); },
+  };
+  for (Load load : loads) {
+    zqerr::Status status;
+    ZQ_FAIL(&status, zqpalerr_badPointer, "earlier", 5);
+    std::string before = status.report;
+    EXPECT_FALSE(load(&status));
+    EXPECT_EQ(status.code, zqpalerr_badPointer);
+    EXPECT_EQ(status.report, before);
+  }
+}
+
+}  // namespace
