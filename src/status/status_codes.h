@@ -42,6 +42,7 @@ inline constexpr int32_t kErrorSignalEventAlreadyRegistered = -200949;
 inline constexpr int32_t kErrorDoneEventAlreadyRegistered = -200950;
 inline constexpr int32_t kErrorEveryNSampsAcqIntoBufferEventAlreadyRegistered = -200966;
 inline constexpr int32_t kErrorEveryNSampsTransferredFromBufferEventAlreadyRegistered = -200967;
+inline constexpr int32_t kErrorFunctionNotSupportedForDevice = -209876;
 }  // namespace nZQMSTS
 
 namespace nZQMSTS100 {

@@ -1,0 +1,279 @@
+#include "plugin/plugin.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <tuple>
+#include <type_traits>
+#include <vector>
+
+#include "fake_plugin.h"
+#include "operation_list.h"
+#include "status/report_reader.h"
+#include "status/status.h"
+
+namespace {
+
+using zqvorexRedir::Plugin;
+
+constexpr int32_t kNotSupported = -209876;
+
+std::string stringAt(const char* object, const char* key) {
+  const char* value = object ? zqerr::json::findKey(object, key) : nullptr;
+  zqerr::json::ParsedValue parsed;
+  std::string text;
+  if (!value || !zqerr::json::parseValue(value, &parsed) || parsed.type != zqerr::json::kString ||
+      !zqerr::json::decodeString(parsed.begin + 1, parsed.length - 2, &text))
+    return "<absent>";
+  return text;
+}
+
+// The report of an unbound operation, as "constant|debug|symbol".
+std::string unboundReport(const zqerr_Status& status) {
+  if (!status.report) return "<no report>";
+  const char* debug = zqerr::json::findKey(status.report, "zqdynlib_debug");
+  return stringAt(status.report, "error_constant") + "|" + stringAt(debug, "debug") + "|" +
+         stringAt(debug, "zqdynlib_symbol");
+}
+
+std::string expectedReport(const std::string& op) {
+  return "nZQMSTS::kErrorFunctionNotSupportedForDevice|failed to get symbol|" + op;
+}
+
+// Calls a forwarder with every argument zero but the status; true when its result is zero.
+template <class Result, class... Params>
+bool callWithZeros(Plugin& plugin, Result (Plugin::*op)(Params...), zqerr_Status* status) {
+  std::tuple<Params...> args{};
+  std::get<sizeof...(Params) - 1>(args) = status;
+  if constexpr (std::is_void_v<Result>) {
+    std::apply([&](Params... a) { (plugin.*op)(a...); }, args);
+    return true;
+  } else {
+    return std::apply([&](Params... a) { return (plugin.*op)(a...); }, args) == Result{};
+  }
+}
+
+struct Operation {
+  const char* name;
+  bool (*call)(Plugin&, zqerr_Status*);
+  bool (Plugin::*has)() const;
+};
+
+const std::vector<Operation>& everyOperation() {
+  static const std::vector<Operation> operations = {
+#define ZQ_PLUGIN_OPERATION(index, Op, op, ...) \
+  {#op, [](Plugin& p, zqerr_Status* s) { return callWithZeros(p, &Plugin::op, s); }, &Plugin::has##Op},
+#include "plugin/plugin_operations.inc"
+#undef ZQ_PLUGIN_OPERATION
+  };
+  return operations;
+}
+
+TEST(PluginTable, NamesFollowTheReferenceListInOrder) {
+  ASSERT_EQ(std::size(zqtest::kOperationList), Plugin::kOperationCount);
+  ASSERT_EQ(Plugin::kOperationCount, 363u);
+  for (size_t i = 0; i < Plugin::kOperationCount; ++i) {
+    EXPECT_STREQ(Plugin::kNames[i], zqtest::kOperationList[i]) << "at " << i;
+    EXPECT_STREQ(everyOperation()[i].name, zqtest::kOperationList[i]) << "forwarder at " << i;
+  }
+}
+
+TEST(PluginTable, EveryUnboundOperationIsNotSupportedUnderItsOwnName) {
+  Plugin plugin;
+  for (const Operation& op : everyOperation()) {
+    zqerr::Status status;
+    EXPECT_FALSE((plugin.*op.has)()) << op.name;
+    EXPECT_TRUE(op.call(plugin, &status)) << op.name << " returned non-zero";
+    EXPECT_EQ(status.code, kNotSupported) << op.name;
+    EXPECT_EQ(unboundReport(status), expectedReport(op.name));
+  }
+}
+
+TEST(PluginTable, UnboundOperationWithoutStatusReportsNothing) {
+  Plugin plugin;
+  for (const Operation& op : everyOperation()) EXPECT_TRUE(op.call(plugin, nullptr)) << op.name;
+}
+
+TEST(PluginTable, UnboundOperationKeepsAnEarlierError) {
+  Plugin plugin;
+  zqerr::Status status;
+  ZQ_FAIL(&status, -200088, "task", 12);
+  plugin.abortTask(nullptr, &status);
+  EXPECT_EQ(status.code, -200088);
+  EXPECT_EQ(zqerr::json::findKey(status.report, "zqdynlib_debug"), nullptr);
+}
+
+TEST(PluginTable, UnboundOperationReplacesAWarning) {
+  Plugin plugin;
+  zqerr::Status status;
+  ZQ_FAIL(&status, 200010, "task", 12);
+  plugin.createContext("ctx", &status);
+  EXPECT_EQ(status.code, kNotSupported);
+  EXPECT_EQ(unboundReport(status), expectedReport("createContext"));
+}
+
+// Filling one slot makes exactly the test of that name answer true.
+TEST(PluginTable, EachSlotBelongsToTheOperationOfItsName) {
+  static int marker;
+  const auto& operations = everyOperation();
+  for (size_t i = 0; i < Plugin::kOperationCount; ++i) {
+    Plugin plugin;
+    plugin.setSlot(i, &marker);
+    ASSERT_EQ(plugin.slot(i), &marker);
+    for (size_t j = 0; j < operations.size(); ++j)
+      ASSERT_EQ((plugin.*operations[j].has)(), i == j) << "slot " << Plugin::kNames[i] << ", test " << operations[j].name;
+  }
+}
+
+TEST(PluginTable, SlotsOutsideTheTableAreIgnored) {
+  static int marker;
+  Plugin plugin;
+  plugin.setSlot(Plugin::kOperationCount, &marker);
+  EXPECT_EQ(plugin.slot(Plugin::kOperationCount), nullptr);
+  for (const Operation& op : everyOperation()) EXPECT_FALSE((plugin.*op.has)()) << op.name;
+}
+
+void* address(const char* op) {
+  static const std::pair<const char*, void*> kFakes[] = {
+      {"createContext", reinterpret_cast<void*>(&fake_createContext)},
+      {"autoCreateTask", reinterpret_cast<void*>(&fake_autoCreateTask)},
+      {"getChannelAttributeF64", reinterpret_cast<void*>(&fake_getChannelAttributeF64)},
+      {"getReadAttributeOffset", reinterpret_cast<void*>(&fake_getReadAttributeOffset)},
+      {"readScaledVectorF64", reinterpret_cast<void*>(&fake_readScaledVectorF64)},
+      {"writeScalarCounterDutyCycleAndFrequencyF64",
+       reinterpret_cast<void*>(&fake_writeScalarCounterDutyCycleAndFrequencyF64)},
+      {"configureTimeStartTrigger", reinterpret_cast<void*>(&fake_configureTimeStartTrigger)},
+      {"registerDoneEvent", reinterpret_cast<void*>(&fake_registerDoneEvent)},
+      {"abortTask", reinterpret_cast<void*>(&fake_abortTask)},
+  };
+  for (const auto& [name, fn] : kFakes)
+    if (std::string(name) == op) return fn;
+  return nullptr;
+}
+
+// A plug-in with only the C fakes bound, as the binding would leave it.
+void bindFakes(Plugin* plugin) {
+  for (size_t i = 0; i < Plugin::kOperationCount; ++i) plugin->setSlot(i, address(Plugin::kNames[i]));
+}
+
+auto* taskHandle() { return reinterpret_cast<zqvorexPlugin_Task_undefined*>(&fake_taskObject); }
+auto* viewAt(uintptr_t a) { return reinterpret_cast<const zqgopher_ArrayView*>(a); }
+
+struct BoundCase {
+  const char* op;
+  // Calls the forwarder and checks its result and what the plug-in received.
+  std::function<void(Plugin&, zqerr_Status*)> callAndCheck;
+};
+
+const BoundCase kBoundCases[] = {
+    {"createContext",
+     [](Plugin& p, zqerr_Status* s) {
+       const char* name = "ctx";
+       EXPECT_EQ(p.createContext(name, s), reinterpret_cast<zqvorexPlugin_Context_undefined*>(&fake_contextObject));
+       EXPECT_EQ(fake_last.pointers[0], name);
+     }},
+    {"autoCreateTask",
+     [](Plugin& p, zqerr_Status* s) {
+       auto* context = reinterpret_cast<zqvorexPlugin_Context_undefined*>(&fake_contextObject);
+       zqerr::Status other;
+       EXPECT_EQ(p.autoCreateTask(context, "Dev1/ai0", true, &other, s), taskHandle());
+       EXPECT_EQ(fake_last.pointers[0], context);
+       EXPECT_STREQ(static_cast<const char*>(fake_last.pointers[1]), "Dev1/ai0");
+       EXPECT_EQ(fake_last.pointers[2], &other);
+       EXPECT_TRUE(fake_last.flag);
+     }},
+    {"getChannelAttributeF64",
+     [](Plugin& p, zqerr_Status* s) {
+       EXPECT_EQ(p.getChannelAttributeF64(taskHandle(), viewAt(0x1000), 0x17DD, s), FAKE_CHANNEL_F64);
+       EXPECT_EQ(fake_last.pointers[0], taskHandle());
+       EXPECT_EQ(fake_last.pointers[1], viewAt(0x1000));
+       EXPECT_EQ(fake_last.integers[0], 0x17DD);
+     }},
+    {"getReadAttributeOffset",
+     [](Plugin& p, zqerr_Status* s) {
+       EXPECT_EQ(p.getReadAttributeOffset(taskHandle(), nullptr, -7, s), FAKE_OFFSET);
+       EXPECT_EQ(fake_last.pointers[1], nullptr);
+       EXPECT_EQ(fake_last.integers[0], -7);
+     }},
+    {"readScaledVectorF64",
+     [](Plugin& p, zqerr_Status* s) {
+       zqvorexPlugin_ReadLayout layout{1, 0};
+       auto* buffer = reinterpret_cast<zqgopher_IArrayBuffer*>(0x2000);
+       EXPECT_EQ(p.readScaledVectorF64(taskHandle(), 10100, buffer, &layout, -1, 10.5, nullptr, s), FAKE_READ_COUNT);
+       EXPECT_EQ(fake_last.pointers[1], buffer);
+       EXPECT_EQ(fake_last.pointers[2], &layout);
+       EXPECT_EQ(fake_last.pointers[3], nullptr);
+       EXPECT_EQ(fake_last.integers[0], 10100);
+       EXPECT_EQ(fake_last.integers[1], -1);
+       EXPECT_EQ(fake_last.reals[0], 10.5);
+     }},
+    {"writeScalarCounterDutyCycleAndFrequencyF64",
+     [](Plugin& p, zqerr_Status* s) {
+       EXPECT_EQ(p.writeScalarCounterDutyCycleAndFrequencyF64(taskHandle(), 10132, true, -1.0, {0.25, 1000.0},
+                                                              nullptr, s),
+                 1u);
+       EXPECT_EQ(fake_last.integers[0], 10132);
+       EXPECT_TRUE(fake_last.flag);
+       EXPECT_EQ(fake_last.reals[0], -1.0);
+       EXPECT_EQ(fake_last.pair.dutyCycle, 0.25);
+       EXPECT_EQ(fake_last.pair.frequency, 1000.0);
+     }},
+    {"configureTimeStartTrigger",
+     [](Plugin& p, zqerr_Status* s) {
+       p.configureTimeStartTrigger(taskHandle(), {0x8000000000000000ull, 3786825600}, 10317, s);
+       EXPECT_EQ(fake_last.time.fraction, 0x8000000000000000ull);
+       EXPECT_EQ(fake_last.time.seconds, 3786825600);
+       EXPECT_EQ(fake_last.integers[0], 10317);
+     }},
+    {"registerDoneEvent",
+     [](Plugin& p, zqerr_Status* s) {
+       auto* event = reinterpret_cast<zqgopher_IEventDone*>(0x3000);
+       EXPECT_EQ(p.registerDoneEvent(taskHandle(), false, event, s), FAKE_EVENT_TOKEN);
+       EXPECT_EQ(fake_last.pointers[1], event);
+       EXPECT_FALSE(fake_last.flag);
+     }},
+    {"abortTask", [](Plugin& p, zqerr_Status* s) { p.abortTask(taskHandle(), s); }},
+};
+
+class BoundOperation : public testing::TestWithParam<BoundCase> {};
+
+TEST_P(BoundOperation, IsCalledWithItsArgumentsAndItsResultReturned) {
+  Plugin plugin;
+  bindFakes(&plugin);
+  zqerr::Status status;
+  fake_last = {};
+  GetParam().callAndCheck(plugin, &status);
+  EXPECT_STREQ(fake_last.op, GetParam().op);
+  EXPECT_EQ(fake_last.status, &status);
+  EXPECT_EQ(status.code, 0);
+}
+
+TEST_P(BoundOperation, GetsANullStatusAsItIs) {
+  Plugin plugin;
+  bindFakes(&plugin);
+  fake_last = {};
+  fake_last.status = reinterpret_cast<zqerr_Status*>(&fake_last);
+  GetParam().callAndCheck(plugin, nullptr);
+  EXPECT_STREQ(fake_last.op, GetParam().op);
+  EXPECT_EQ(fake_last.status, nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(Fakes, BoundOperation, testing::ValuesIn(kBoundCases),
+                         [](const testing::TestParamInfo<BoundCase>& info) { return std::string(info.param.op); });
+
+// Only what was bound answers; its neighbours in the table still report themselves.
+TEST(PluginTable, PartlyBoundTableTestsEachOperation) {
+  Plugin plugin;
+  bindFakes(&plugin);
+  EXPECT_TRUE(plugin.hasCreateContext());
+  EXPECT_TRUE(plugin.hasAbortTask());
+  EXPECT_FALSE(plugin.hasDestroyContext());
+  EXPECT_FALSE(plugin.hasControlTask());
+  zqerr::Status status;
+  plugin.controlTask(taskHandle(), 0, true, &status);
+  EXPECT_EQ(status.code, kNotSupported);
+  EXPECT_EQ(unboundReport(status), expectedReport("controlTask"));
+}
+
+}  // namespace
