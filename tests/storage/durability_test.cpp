@@ -1,0 +1,242 @@
+// What is saved stays saved: across sessions, against a second process writing at the same
+// time, and what was not saved does not appear. A damaged or foreign store file gives a
+// clear status instead of a crash.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <functional>
+#include <thread>
+
+#include "scopes.h"
+#include "test_support.h"
+
+namespace zqtest {
+namespace {
+
+TEST(StorageDurability, SavedTaskSurvivesClosingAndReopeningTheStore) {
+  useFreshStore("durable_task");
+  const std::string timing("rate=1000\0edge=rising", 21);  // a data block is bytes, zeros too
+  {
+    zqerr::Status status;
+    SessionScope session("127.0.0.1", &status);
+    const uint64_t spec = api().createTaskSpecification(&status);
+    api().ChannelTaskSpecification_setName(spec, "Persisted", &status);
+    api().ChannelTaskSpecification_setAuthor(spec, "ann", &status);
+    const std::vector<std::string> channels{"Voltage_0", "SharedTemp"};
+    const std::vector<std::string> globals{"", "SharedTemp"};
+    api().ChannelTaskSpecification_setChannelDataList(spec, NamesIn(channels).get(), NamesIn(globals).get(), &status);
+    api().ChannelTaskSpecification_setTimingAttributeDataBlock(spec, timing.data(), timing.size(), &status);
+    LockScope token(session.id, LockScope::kSpecWrite, &status);
+    api().addTask(token.id, spec, &status);
+    api().save(token.id, &status);
+    api().destroyTaskSpecification(spec, &status);
+    ASSERT_EQ(status.code, 0) << (status.report ? status.report : "");
+  }
+  zqerr::Status status;
+  SessionScope session("127.0.0.1", &status);
+  LockScope token(session.id, LockScope::kSpecRead, &status);
+  const uint64_t spec = api().getTaskSpecification(token.id, "Persisted", &status);
+  ASSERT_NE(spec, 0u);
+  TextOut author, block;
+  NamesOut channels, globals;
+  api().ChannelTaskSpecification_getAuthor(spec, author.get(), &status);
+  api().ChannelTaskSpecification_getTimingAttributeDataBlock(spec, block.get(), &status);
+  api().ChannelTaskSpecification_getChannelDataList(spec, channels.get(), globals.get(), &status);
+  api().destroyTaskSpecification(spec, &status);
+  EXPECT_EQ(status.code, 0);
+  EXPECT_EQ(author.text, "ann");
+  EXPECT_EQ(block.text, timing);
+  EXPECT_EQ(channels.items, (std::vector<std::string>{"Voltage_0", "SharedTemp"}));
+  EXPECT_EQ(globals.items, (std::vector<std::string>{"", "SharedTemp"}));
+}
+
+// One write lock's story, told by the calls made under it; then which devices a fresh
+// session finds.
+struct WriteStory {
+  const char* name;
+  std::function<void(uint64_t lock, zqerr_Status*)> story;
+  std::vector<std::string> kept;
+};
+
+TEST(StorageDurability, OnlySavedWritesReachTheStore) {
+  const std::vector<WriteStory> stories = {
+      {"saved", [](uint64_t l, zqerr_Status* s) { addDevice(l, "A", 1, s); api().saveStorageChanges(l, s); }, {"A"}},
+      {"not saved", [](uint64_t l, zqerr_Status* s) { addDevice(l, "A", 1, s); }, {}},
+      {"reverted after a save",
+       [](uint64_t l, zqerr_Status* s) {
+         addDevice(l, "A", 1, s);
+         api().saveStorageChanges(l, s);
+         addDevice(l, "B", 1, s);
+         api().revertStorageChanges(l, s);
+       },
+       {"A"}},
+      {"written again after a revert",
+       [](uint64_t l, zqerr_Status* s) {
+         addDevice(l, "A", 1, s);
+         api().revertStorageChanges(l, s);
+         addDevice(l, "B", 1, s);
+         api().saveStorageChanges(l, s);
+       },
+       {"B"}},
+  };
+  for (const WriteStory& story : stories) {
+    SCOPED_TRACE(story.name);
+    useFreshStore("write_story");
+    {
+      zqerr::Status status;
+      SessionScope session("127.0.0.1", &status);
+      LockScope lock(session.id, LockScope::kWrite, &status);
+      story.story(lock.id, &status);
+      ASSERT_EQ(status.code, 0) << (status.report ? status.report : "");
+    }
+    zqerr::Status status;
+    SessionScope session("127.0.0.1", &status);
+    LockScope lock(session.id, LockScope::kRead, &status);
+    EXPECT_EQ(namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_DEVICE, &status), story.kept);
+    EXPECT_EQ(status.code, 0);
+  }
+}
+
+TEST(StorageDurability, ReadLockKeepsItsSnapshotWhileAnotherSessionSaves) {
+  useFreshStore("snapshot");
+  zqerr::Status status;
+  SessionScope reader("127.0.0.1", &status);
+  SessionScope writer("127.0.0.1", &status);
+  LockScope read(reader.id, LockScope::kRead, &status);
+  const uint64_t before = api().getLastChangeNumber(read.id, &status);
+  {
+    LockScope write(writer.id, LockScope::kWrite, &status);
+    addDevice(write.id, "Late", 1, &status);
+    api().saveStorageChanges(write.id, &status);
+  }
+  EXPECT_TRUE(namesOfClass(read.id, ZQVOREX_STORAGE_CLASS_DEVICE, &status).empty());
+  EXPECT_EQ(api().getLastChangeNumber(read.id, &status), before);
+  read.end();
+  LockScope again(reader.id, LockScope::kRead, &status);
+  EXPECT_EQ(namesOfClass(again.id, ZQVOREX_STORAGE_CLASS_DEVICE, &status), std::vector<std::string>{"Late"});
+  EXPECT_EQ(api().getLastChangeNumber(again.id, &status), before + 1);
+  EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
+}
+
+TEST(StorageDurability, TwoProcessesWritingAtOnceLoseNothing) {
+  useFreshStore("two_processes");
+  constexpr int kEach = 25;
+  {
+    zqerr::Status status;
+    SessionScope session("127.0.0.1", &status);  // the store exists before both start
+    ASSERT_EQ(status.code, 0);
+  }
+  int childExit = -1;
+  std::thread child([&] {
+    childExit = runCommand(programPath() + " --storage-child-writer child " + std::to_string(kEach));
+  });
+  int failures = 0;
+  for (int i = 0; i < kEach; ++i) {
+    zqerr::Status status;
+    SessionScope session("127.0.0.1", &status);
+    LockScope lock(session.id, LockScope::kWrite, &status);
+    addDevice(lock.id, "parent_" + std::to_string(i), 1, &status);
+    api().saveStorageChanges(lock.id, &status);
+    failures += status.code != 0;
+  }
+  child.join();
+  EXPECT_EQ(childExit, 0);
+  EXPECT_EQ(failures, 0);
+  zqerr::Status status;
+  SessionScope session("127.0.0.1", &status);
+  LockScope lock(session.id, LockScope::kRead, &status);
+  std::vector<std::string> names = namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_DEVICE, &status);
+  std::sort(names.begin(), names.end());
+  std::vector<std::string> expected;
+  for (const char* prefix : {"child_", "parent_"}) {
+    for (int i = 0; i < kEach; ++i) expected.push_back(prefix + std::to_string(i));
+  }
+  std::sort(expected.begin(), expected.end());
+  EXPECT_EQ(names, expected);
+}
+
+// Store files that cannot serve: what is in the file, the code, and words of the report.
+struct BadStore {
+  const char* name;
+  std::function<void(const std::string& path)> spoil;
+  int32_t code;
+  const char* descFragment;
+};
+
+void patchHeader(const std::string& path, size_t offset, uint32_t value) {
+  std::string bytes = readFile(path);
+  ASSERT_GT(bytes.size(), offset + 4);
+  for (int i = 0; i < 4; ++i) bytes[offset + i] = static_cast<char>(value >> (24 - 8 * i));  // big-endian
+  writeFile(path, bytes);
+}
+
+void makeStore(const std::string&) {
+  zqerr::Status status;
+  SessionScope session("127.0.0.1", &status);
+  LockScope lock(session.id, LockScope::kWrite, &status);
+  addDevice(lock.id, "Dev1", 1, &status);
+  api().saveStorageChanges(lock.id, &status);
+  ASSERT_EQ(status.code, 0);
+}
+
+TEST(StorageDurability, UnusableStoreFileGivesAClearStatus) {
+  const std::vector<BadStore> cases = {
+      {"text file", [](const std::string& p) { writeFile(p, std::string(4096, 'x')); }, -52006, "not a store or is damaged"},
+      {"database of another program",
+       [](const std::string& p) {
+         makeStore(p);
+         patchHeader(p, 68, 0x12345678);  // the application id
+       },
+       -52006, "another program"},
+      {"store of a newer version",
+       [](const std::string& p) {
+         makeStore(p);
+         patchHeader(p, 60, 99);  // the schema version
+       },
+       -52002, "newer version"},
+      {"folder that does not exist", [](const std::string&) { setEnvironment("ZQCAI_STORAGE_FILE", "storage_tmp/no/such/x.db"); },
+       -52006, "cannot be opened"},
+  };
+  for (const BadStore& bad : cases) {
+    SCOPED_TRACE(bad.name);
+    const std::string path = useFreshStore("bad_store");
+    bad.spoil(path);
+    zqerr::Status status;
+    const uint64_t session = api().getSession("127.0.0.1", &status);
+    EXPECT_EQ(session, 0u);
+    EXPECT_EQ(status.code, bad.code);
+    EXPECT_TRUE(reportWellFormed(status));
+    EXPECT_EQ(reportText(status, "component"), "zqvorexStorage");
+    EXPECT_NE(reportText(status, "debug.desc").find(bad.descFragment), std::string::npos) << status.report;
+  }
+}
+
+TEST(StorageDurability, StatusFollowsTheReplacementRule) {
+  useFreshStore("status_rule");
+  struct Case {
+    const char* name;
+    int32_t before;
+    int32_t after;
+    bool reported;
+  };
+  const std::vector<Case> cases = {
+      {"clean status takes the error", 0, -52002, true},
+      {"a warning gives way to the error", 4242, -52002, true},
+      {"an error on entry stops the call", -1, -1, false},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    zqerr::Status status;
+    status.code = c.before;
+    EXPECT_EQ(api().getSession("remote.example", &status), 0u);
+    EXPECT_EQ(status.code, c.after);
+    EXPECT_EQ(status.report != nullptr, c.reported);
+    if (c.reported) {
+      EXPECT_EQ(reportText(status, "error_constant"), "zqapalerr_featureUnsupported");
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zqtest

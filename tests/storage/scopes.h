@@ -1,0 +1,84 @@
+// Sessions and locks of the storage library as scope objects for the tests, ended with a
+// status of their own, as the driver's scope objects end them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "boundary_doubles.h"
+#include "status/status.h"
+#include "storage_api.h"
+
+namespace zqtest {
+
+inline const StorageApi& api() { return storageApi(); }
+
+class SessionScope {
+ public:
+  explicit SessionScope(const char* url = "127.0.0.1", zqerr_Status* status = nullptr) {
+    zqerr::Status local;
+    id = api().getSession(url, status ? status : &local);
+  }
+  ~SessionScope() {
+    zqerr::Status local;
+    if (id) api().releaseSession(id, &local);
+  }
+  SessionScope(const SessionScope&) = delete;
+  SessionScope& operator=(const SessionScope&) = delete;
+  uint64_t id = 0;
+};
+
+class LockScope {
+ public:
+  enum Kind { kRead, kWrite, kSpecRead, kSpecWrite };
+  LockScope(uint64_t session, Kind kind, zqerr_Status* status = nullptr) : kind_(kind) {
+    zqerr::Status local;
+    zqerr_Status* s = status ? status : &local;
+    switch (kind) {
+      case kRead: id = api().beginReadOperation(session, s); break;
+      case kWrite: id = api().beginWriteOperation(session, s); break;
+      case kSpecRead: id = api().beginStorageSpecReadOperation(session, s); break;
+      case kSpecWrite: id = api().beginStorageSpecWriteOperation(session, s); break;
+    }
+  }
+  ~LockScope() { end(); }
+  void end() {
+    zqerr::Status local;
+    if (id == 0) return;
+    switch (kind_) {
+      case kRead: api().endReadOperation(id, &local); break;
+      case kWrite: api().endWriteOperation(id, &local); break;
+      case kSpecRead: api().endStorageSpecReadOperation(id, &local); break;
+      case kSpecWrite: api().endStorageSpecWriteOperation(id, &local); break;
+    }
+    id = 0;
+  }
+  LockScope(const LockScope&) = delete;
+  LockScope& operator=(const LockScope&) = delete;
+  uint64_t id = 0;
+
+ private:
+  Kind kind_;
+};
+
+// A device at the top of the store, under a write lock.
+inline zqvorexStorage_ObjectID addDevice(uint64_t lock, const std::string& name, uint32_t classId, zqerr_Status* status) {
+  zqvorexStorage_ObjectID id{};
+  api().createObject(lock, ZQVOREX_STORAGE_CLASS_DEVICE, classId, name.c_str(), nullptr, &id, status);
+  return id;
+}
+
+// The names of the objects of a storage class, in the store's order.
+inline std::vector<std::string> namesOfClass(uint64_t lock, uint32_t storageClass, zqerr_Status* status) {
+  IdsOut ids;
+  api().appendObjectsForStorageClass(lock, storageClass, ids.get(), status);
+  std::vector<std::string> names;
+  for (const auto& id : ids.items) {
+    TextOut name;
+    api().getObjectName(lock, &id, name.get(), status);
+    names.push_back(name.text);
+  }
+  return names;
+}
+
+}  // namespace zqtest
