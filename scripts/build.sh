@@ -5,6 +5,8 @@ here=$(cd "$(dirname "$0")/.." && pwd)
 kind=$1; shift
 launcher=()
 command -v ccache >/dev/null && launcher=(-DCMAKE_C_COMPILER_LAUNCHER=ccache -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+# Paths relative to the checkout in ccache's hashes, so that a fresh clone reuses the cache.
+export CCACHE_BASEDIR="$here" CCACHE_NOHASHDIR=1
 args=(-G Ninja -S "$here" -B "$here/build/$kind" "${launcher[@]}")
 case "$kind" in
   linux) args+=(-DCMAKE_BUILD_TYPE=RelWithDebInfo) ;;
