@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """Checks that a shared library exports exactly the expected names: nothing more, nothing less.
 
-usage: check_exports.py LIBRARY EXPECTED_LIST [--objdump TOOL]
+usage: check_exports.py LIBRARY EXPECTED_LIST... [--objdump TOOL]
 ELF libraries are read with `nm -D --defined-only`, PE (DLL) files with `objdump -p`.
-EXPECTED_LIST holds one name per line; blank lines and lines starting with '#' are ignored.
+Each EXPECTED_LIST holds one name per line; blank lines and lines starting with '#' are ignored.
+The expected set is the union of the lists: the hand-written exports and the generated ones.
 """
 import argparse
 import re
@@ -39,11 +40,13 @@ def pe_exports(path, objdump):
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("library")
-    parser.add_argument("expected")
+    parser.add_argument("expected", nargs="+")
     parser.add_argument("--objdump", default="x86_64-w64-mingw32-objdump")
     args = parser.parse_args()
-    with open(args.expected, encoding="utf-8") as f:
-        expected = {l.strip() for l in f if l.strip() and not l.startswith("#")}
+    expected = set()
+    for path in args.expected:
+        with open(path, encoding="utf-8") as f:
+            expected |= {l.strip() for l in f if l.strip() and not l.startswith("#")}
     with open(args.library, "rb") as f:
         magic = f.read(4)
     actual = elf_exports(args.library) if magic == b"\x7fELF" else pe_exports(args.library, args.objdump)

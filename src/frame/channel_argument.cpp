@@ -1,27 +1,43 @@
 #include "frame/channel_argument.h"
 
+#include <algorithm>
 #include <string_view>
 
-#include "platform/platform.h"
+#include "text/list_parser.h"
+#include "text/nstring.h"
 
 namespace zqframe {
 
-// Interim: the caller's text taken as UTF-8 and split at commas with outer white space
-// removed, until the list parser with ranges replaces it.
+namespace {
+
+// Longer texts take the converter's road, which refuses them.
+constexpr size_t kMaxConvertedLength = 0x7FFFFFFF;
+
+bool isAscii(std::string_view text) {
+  return text.size() <= kMaxConvertedLength &&
+         std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+}  // namespace
+
 void parseChannelArgument(const char* channel, NameList* names, zqerr_Status* status) {
   names->clear();
-  if (!zqerr::isOpen(status) || !channel) return;
-  std::string_view text(channel);
-  auto isWhite = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v'; };
-  while (!text.empty()) {
-    size_t comma = text.find(',');
-    std::string_view entry = text.substr(0, comma);
-    while (!entry.empty() && isWhite(entry.front())) entry.remove_prefix(1);
-    while (!entry.empty() && isWhite(entry.back())) entry.remove_suffix(1);
-    if (!entry.empty()) names->emplace_back(entry);
-    if (comma == std::string_view::npos) break;
-    text.remove_prefix(comma + 1);
+  if (!zqerr::isOpen(status)) return;
+  const std::string_view text = channel ? std::string_view(channel) : std::string_view();
+  // The accessors without a channel pass none: an empty list needs no parser.
+  if (text.empty()) return;
+  // Most channel lists are ASCII, which reads the same in every system code page: parsed as
+  // they stand, they cost no conversion and no copy.
+  if (isAscii(text)) {
+    zqwombat::parseCommaList(text, names, status);
+    return;
   }
+  std::string utf8;
+  {
+    zqerr::StatusBridge bridge(status);
+    zqwombat::systemTextToUtf8(text.data(), text.size(), &utf8, bridge.fixed());
+  }
+  zqwombat::parseCommaList(utf8, names, status);
 }
 
 }  // namespace zqframe

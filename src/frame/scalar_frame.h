@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "boundary/array_view.h"
 #include "frame/channel_argument.h"
 #include "frame/frame_trace.h"
 #include "frame/op_traits.h"

@@ -1,178 +1,258 @@
+// The scalar accessor shapes against the recording task: task resolution, the null-pointer
+// check, scrubbing, narrowing and the fallback to the wide operation.
 #include "frame/scalar_frame.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <memory>
+#include <string>
+#include <vector>
 
-#include "fake_task.h"
-#include "status/report_reader.h"
+#include "last_error_probe.h"
+#include "status/report_writer.h"
+#include "recording_task.h"
 
 namespace {
 
-using zqtest::FakeTask;
 using namespace zqframe;
+using zqtest::RecordingTask;
+using zqvorexRedir::ITask;
 
 constexpr AccessorInfo kAIMax{"VorexGetAIMax", 0x17DD, "channel", 100};
 constexpr AccessorInfo kBufSize{"VorexGetBufInputBufSize", 0x186C, nullptr, 200};
 constexpr AccessorInfo kTaskNumChans{"VorexGetTaskNumChans", 0x2181, nullptr, 300};
 constexpr AccessorInfo kReadOffset{"VorexGetReadOffset", 0x190B, nullptr, 400};
+constexpr AccessorInfo kReadAvail{"VorexGetReadAvailSampPerChan", 0x1223, nullptr, 401};
 
-int32_t getAIMax(TaskHandle task, const char* channel, double* data) {
-  return getScalar<ClassF64, &FakeTask::getChannelAttributeF64>(kAIMax, task, channel, data);
+int32_t getAIMax(TaskHandle t, double* d) {
+  return getScalar<ClassF64, &ITask::getChannelAttributeF64>(kAIMax, t, "Dev1/ai0", d);
 }
-int32_t setAIMax(TaskHandle task, const char* channel, double data) {
-  return setScalar<ClassF64, &FakeTask::setChannelAttributeF64>(kAIMax, task, channel, data);
+int32_t getBufSize(TaskHandle t, uint32_t* d) {
+  return getScalar<ClassU32Size, &ITask::getBufferAttributeSize>(kBufSize, t, nullptr, d);
 }
-int32_t resetAIMax(TaskHandle task, const char* channel) {
-  return resetAttribute<&FakeTask::resetChannelAttributeF64>(kAIMax, task, channel);
+int32_t getNumChans(TaskHandle t, uint32_t* d) {
+  return getScalar<ClassU32, &ITask::getTaskAttributeU32>(kTaskNumChans, t, nullptr, d);
 }
-int32_t getBufSize(TaskHandle task, uint32_t* data) {
-  return getScalar<ClassU32Size, &FakeTask::getBufferAttributeSize>(kBufSize, task, nullptr, data);
+int32_t getReadOffset(TaskHandle t, int32_t* d) {
+  return getScalarWithFallback<ClassI32, &ITask::getReadAttributeI32, &ITask::getReadAttributeOffset>(kReadOffset, t,
+                                                                                                      d);
 }
-int32_t getNumChans(TaskHandle task, uint32_t* data) {
-  return getScalar<ClassU32, &FakeTask::getTaskAttributeU32>(kTaskNumChans, task, nullptr, data);
-}
-int32_t getReadOffset(TaskHandle task, int32_t* data) {
-  return getScalarWithFallback<ClassI32, &FakeTask::getReadAttributeI32, &FakeTask::getReadAttributeOffset>(
-      kReadOffset, task, data);
-}
-int32_t setReadOffset(TaskHandle task, int32_t data) {
-  return changeWithFallback<ClassI32, &FakeTask::setReadAttributeI32, &FakeTask::setReadAttributeOffset>(kReadOffset, task,
-                                                                                                data);
+int32_t getReadAvail(TaskHandle t, uint32_t* d) {
+  return getScalarWithFallback<ClassU32, &ITask::getReadAttributeU32, &ITask::getReadAttributeSize>(kReadAvail, t, d);
 }
 
-int32_t lastErrorCode() {
-  auto* record = nZQCAI100::tlsManager().getThreadRecord();
-  return record ? record->status.code : 0;
+// Each Get through one signature: the out-value starts as 5 and comes back as a double.
+using Get = int32_t (*)(TaskHandle, bool withData, double* out);
+template <class T, int32_t (*Accessor)(TaskHandle, T*)>
+int32_t viaDouble(TaskHandle task, bool withData, double* out) {
+  T value = T(5);
+  const int32_t code = Accessor(task, withData ? &value : nullptr);
+  *out = static_cast<double>(value);
+  return code;
 }
 
-class ScalarFrame : public testing::Test {
- protected:
-  std::shared_ptr<FakeTask> task = std::make_shared<FakeTask>();
-  TaskHandle handle() { return task.get(); }
+enum class Handle { kLive, kNull, kExpired };
+
+struct GetCase {
+  const char* label;
+  Get get;
+  void (*setup)(RecordingTask&);
+  Handle handle;
+  bool withData;
+  int32_t expected;
+  double value;                  // the out-value afterwards (5 when untouched)
+  std::vector<std::string> ops;  // the operations called, in order
 };
 
-TEST_F(ScalarFrame, NullHandleScrubsAndWinsOverNullData) {
-  double x = 5;
-  EXPECT_EQ(getAIMax(nullptr, "", &x), -200230);
-  EXPECT_EQ(x, 0.0);
-  EXPECT_EQ(getAIMax(nullptr, "", nullptr), -200230);
-  EXPECT_EQ(setAIMax(nullptr, "", 1.0), -200230);
-  EXPECT_EQ(resetAIMax(nullptr, ""), -200230);
+void nothing(RecordingTask&) {}
+
+const GetCase kGetCases[] = {
+    {"NullHandleScrubs", viaDouble<double, getAIMax>, nothing, Handle::kNull, true, -200230, 0, {}},
+    {"NullHandleWinsOverNullData", viaDouble<double, getAIMax>, nothing, Handle::kNull, false, -200230, 5, {}},
+    {"ExpiredTaskScrubs", viaDouble<double, getAIMax>, nothing, Handle::kExpired, true, -50004, 0, {}},
+    {"NullDataStopsBeforeThePlugin", viaDouble<double, getAIMax>, nothing, Handle::kLive, false, -200604, 5, {}},
+    {"ValueComesBack", viaDouble<double, getAIMax>, [](RecordingTask& t) { t.on("getChannelAttributeF64").value(2.5); },
+     Handle::kLive, true, 0, 2.5, {"getChannelAttributeF64"}},
+    {"WarningKeepsTheValue", viaDouble<double, getAIMax>,
+     [](RecordingTask& t) { t.on("getChannelAttributeF64").value(4.0).status(200077); }, Handle::kLive, true, 200077,
+     4.0, {"getChannelAttributeF64"}},
+    {"ErrorScrubs", viaDouble<double, getAIMax>,
+     [](RecordingTask& t) { t.on("getChannelAttributeF64").value(4.0).status(-201003); }, Handle::kLive, true,
+     -201003, 0, {"getChannelAttributeF64"}},
+    {"ExceptionScrubs", viaDouble<double, getAIMax>,
+     [](RecordingTask& t) { t.on("getChannelAttributeF64").throws(std::runtime_error("plug-in threw")); },
+     Handle::kLive, true, -50150, 0, {"getChannelAttributeF64"}},
+    {"SizeThatFits", viaDouble<uint32_t, getBufSize>,
+     [](RecordingTask& t) { t.on("getBufferAttributeSize").value(uint64_t{0xFFFFFFFF}); }, Handle::kLive, true, 0,
+     4294967295.0, {"getBufferAttributeSize"}},
+    {"SizeThatOverflows", viaDouble<uint32_t, getBufSize>,
+     [](RecordingTask& t) { t.on("getBufferAttributeSize").value(uint64_t{0x100000000}); }, Handle::kLive, true,
+     -50175, 0, {"getBufferAttributeSize"}},
+    {"OverflowIsNotTestedAfterAnError", viaDouble<uint32_t, getBufSize>,
+     [](RecordingTask& t) { t.on("getBufferAttributeSize").value(uint64_t{0x100000000}).status(-201003); },
+     Handle::kLive, true, -201003, 0, {"getBufferAttributeSize"}},
+    {"TaskOperation", viaDouble<uint32_t, getNumChans>, [](RecordingTask& t) { t.on("getTaskAttributeU32").value(3u); },
+     Handle::kLive, true, 0, 3, {"getTaskAttributeU32"}},
+    {"NarrowAnswer", viaDouble<int32_t, getReadOffset>, [](RecordingTask& t) { t.on("getReadAttributeI32").value(-7); },
+     Handle::kLive, true, 0, -7, {"getReadAttributeI32"}},
+    {"WideAfterMinus89000", viaDouble<int32_t, getReadOffset>,
+     [](RecordingTask& t) {
+       t.on("getReadAttributeI32").status(-89000);
+       t.on("getReadAttributeOffset").value(int64_t{123456});
+     },
+     Handle::kLive, true, 0, 123456, {"getReadAttributeI32", "getReadAttributeOffset"}},
+    {"WideNegativeOffsetFits", viaDouble<int32_t, getReadOffset>,
+     [](RecordingTask& t) {
+       t.on("getReadAttributeI32").status(-89000);
+       t.on("getReadAttributeOffset").value(int64_t{-2147483648LL});
+     },
+     Handle::kLive, true, 0, -2147483648.0, {"getReadAttributeI32", "getReadAttributeOffset"}},
+    {"WideOffsetOverflows", viaDouble<int32_t, getReadOffset>,
+     [](RecordingTask& t) {
+       t.on("getReadAttributeI32").status(-89000);
+       t.on("getReadAttributeOffset").value(int64_t{1} << 40);
+     },
+     Handle::kLive, true, -50175, 0, {"getReadAttributeI32", "getReadAttributeOffset"}},
+    {"WideSizeOverflows", viaDouble<uint32_t, getReadAvail>,
+     [](RecordingTask& t) {
+       t.on("getReadAttributeU32").status(-89000);
+       t.on("getReadAttributeSize").value(uint64_t{0x100000000});
+     },
+     Handle::kLive, true, -50175, 0, {"getReadAttributeU32", "getReadAttributeSize"}},
+    {"WideWarningSurvives", viaDouble<uint32_t, getReadAvail>,
+     [](RecordingTask& t) {
+       t.on("getReadAttributeU32").status(-89000);
+       t.on("getReadAttributeSize").value(uint64_t{9}).status(200077);
+     },
+     Handle::kLive, true, 200077, 9, {"getReadAttributeU32", "getReadAttributeSize"}},
+    {"NoFallbackForAnotherCode", viaDouble<int32_t, getReadOffset>,
+     [](RecordingTask& t) {
+       t.on("getReadAttributeI32").status(-89001);
+       t.on("getReadAttributeOffset").value(int64_t{1});
+     },
+     Handle::kLive, true, -89001, 0, {"getReadAttributeI32"}},
+};
+
+class ScalarGet : public testing::TestWithParam<GetCase> {};
+
+TEST_P(ScalarGet, AnswersAsTheCaseSays) {
+  const GetCase& c = GetParam();
+  auto task = RecordingTask::create();
+  c.setup(*task);
+  if (c.handle == Handle::kExpired) task->expire();
+  zqtest::clearLastError();
+
+  double value = 0;
+  EXPECT_EQ(c.get(c.handle == Handle::kNull ? nullptr : task->handle(), c.withData, &value), c.expected);
+  EXPECT_EQ(value, c.value);
+  std::vector<std::string> ops;
+  for (const auto& call : task->calls()) ops.push_back(call.op);
+  EXPECT_EQ(ops, c.ops);
+  EXPECT_EQ(zqtest::lastErrorCode(), c.expected < 0 ? c.expected : 0);
 }
 
-TEST_F(ScalarFrame, NullDataIsRefusedBeforeThePlugin) {
-  EXPECT_EQ(getAIMax(handle(), "", nullptr), -200604);
-  EXPECT_TRUE(task->calls.empty());
-}
+INSTANTIATE_TEST_SUITE_P(Cases, ScalarGet, testing::ValuesIn(kGetCases),
+                         [](const testing::TestParamInfo<GetCase>& info) { return std::string(info.param.label); });
 
-TEST_F(ScalarFrame, ExpiredTaskGivesBadPointer) {
-  FakeTask unowned;  // no shared owner: its weak self-reference is empty, as in destruction
-  double x = 3;
-  EXPECT_EQ(getAIMax(&unowned, "", &x), -50004);
-  EXPECT_EQ(x, 0.0);
-  EXPECT_TRUE(unowned.calls.empty());
-}
-
-TEST_F(ScalarFrame, ValueIdAndChannelListReachTheOperation) {
-  task->f64 = 2.5;
+TEST(ScalarFrame, ChannelListAndIdReachTheOperation) {
+  auto task = RecordingTask::create();
   double x = 0;
-  EXPECT_EQ(getAIMax(handle(), " Dev1/ai0 ,Dev1/ai1", &x), 0);
-  EXPECT_EQ(x, 2.5);
-  ASSERT_EQ(task->calls.size(), 1u);
-  EXPECT_EQ(task->calls[0].op, "getChannelAttributeF64");
-  EXPECT_EQ(task->calls[0].id, 0x17DD);
-  EXPECT_EQ(task->calls[0].names, (zqframe::NameList{"Dev1/ai0", "Dev1/ai1"}));
+  EXPECT_EQ((getScalar<ClassF64, &ITask::getChannelAttributeF64>(kAIMax, task->handle(), " Dev1/ai0 ,Dev1/ai1", &x)),
+            0);
+  EXPECT_EQ((setScalar<ClassF64, &ITask::setChannelAttributeF64>(kAIMax, task->handle(), nullptr, 7.5)), 0);
+  EXPECT_EQ(resetAttribute<&ITask::resetChannelAttributeF64>(kAIMax, task->handle(), "Dev2/ai0:1"), 0);
+  ASSERT_EQ(task->calls().size(), 3u);
+  EXPECT_EQ(task->calls()[0].channels, (std::vector<std::string>{"Dev1/ai0", "Dev1/ai1"}));
+  EXPECT_EQ(task->calls()[0].attributeId, 0x17DD);
+  EXPECT_EQ(task->calls()[1].op, "setChannelAttributeF64");
+  EXPECT_EQ(task->calls()[1].channels, std::vector<std::string>{});
+  EXPECT_EQ(task->calls()[1].text("value"), "7.5");
+  EXPECT_EQ(task->calls()[2].op, "resetChannelAttributeF64");
+  EXPECT_EQ(task->calls()[2].channels, (std::vector<std::string>{"Dev2/ai0", "Dev2/ai1"}));
 }
 
-TEST_F(ScalarFrame, NullChannelIsTheEmptyList) {
-  EXPECT_EQ(setAIMax(handle(), nullptr, 7.0), 0);
-  ASSERT_EQ(task->calls.size(), 1u);
-  EXPECT_TRUE(task->calls[0].names.empty());
-  EXPECT_EQ(task->calls[0].value, 7.0);
+TEST(ScalarFrame, SetAndResetRefuseABadHandleBeforeThePlugin) {
+  auto task = RecordingTask::create();
+  EXPECT_EQ((setScalar<ClassF64, &ITask::setChannelAttributeF64>(kAIMax, nullptr, "", 1.0)), -200230);
+  EXPECT_EQ(resetAttribute<&ITask::resetChannelAttributeF64>(kAIMax, nullptr, ""), -200230);
+  task->expire();
+  EXPECT_EQ((setScalar<ClassF64, &ITask::setChannelAttributeF64>(kAIMax, task->handle(), "", 1.0)), -50004);
+  EXPECT_TRUE(task->calls().empty());
 }
 
-TEST_F(ScalarFrame, PluginWarningSurvivesWithTheValue) {
-  task->f64 = 4.0;
-  task->failCode = 200077;
-  double x = 0;
-  EXPECT_EQ(getAIMax(handle(), "", &x), 200077);
-  EXPECT_EQ(x, 4.0);
-}
-
-TEST_F(ScalarFrame, PluginErrorScrubsAndReachesTheLastError) {
-  task->f64 = 4.0;
-  task->failCode = -201003;
+TEST(ScalarFrame, PluginErrorReachesTheLastErrorWithTheTaskName) {
+  auto task = RecordingTask::create("Acquisition 1");
+  task->on("getChannelAttributeF64").status(-201003);
   double x = 1;
-  EXPECT_EQ(getAIMax(handle(), "", &x), -201003);
-  EXPECT_EQ(x, 0.0);
-  EXPECT_EQ(lastErrorCode(), -201003);
-  EXPECT_EQ(nZQCAI100::tlsManager().getThreadRecord()->taskName, "MyTask");
+  zqtest::clearLastError();
+  EXPECT_EQ(getAIMax(task->handle(), &x), -201003);
+  EXPECT_EQ(zqtest::lastErrorCode(), -201003);
+  EXPECT_EQ(zqtest::lastError()->taskName, "Acquisition 1");
 }
 
-TEST_F(ScalarFrame, SizeNarrowingOverflows) {
-  uint32_t x = 9;
-  task->size = 0xFFFFFFFFull;
-  EXPECT_EQ(getBufSize(handle(), &x), 0);
-  EXPECT_EQ(x, 0xFFFFFFFFu);
-  task->size = 0x100000000ull;
-  EXPECT_EQ(getBufSize(handle(), &x), -50175);
-  EXPECT_EQ(x, 0u);
-}
-
-TEST_F(ScalarFrame, TaskClassOperationTakesNoList) {
-  task->u32 = 3;
-  uint32_t x = 0;
-  EXPECT_EQ(getNumChans(handle(), &x), 0);
-  EXPECT_EQ(x, 3u);
-  EXPECT_EQ(task->calls[0].op, "getTaskAttributeU32");
-}
-
-TEST_F(ScalarFrame, ExceptionInTheBodyBecomesAStatus) {
-  task->throwInOp = true;
-  double x = 1;
-  EXPECT_EQ(getAIMax(handle(), "", &x), -50150);
-  EXPECT_EQ(x, 0.0);
-}
-
-TEST_F(ScalarFrame, FallbackToTheWideOperationOnlyOnMinus89000) {
-  task->failingOp = "getReadAttributeI32";
-  task->failCode = -89000;
-  task->offset = 123456;
-  int32_t x = 0;
-  EXPECT_EQ(getReadOffset(handle(), &x), 0);
-  EXPECT_EQ(x, 123456);
-  ASSERT_EQ(task->calls.size(), 2u);
-  EXPECT_EQ(task->calls[1].op, "getReadAttributeOffset");
-
-  task->calls.clear();
-  task->offset = int64_t{1} << 40;
-  EXPECT_EQ(getReadOffset(handle(), &x), -50175);
-  EXPECT_EQ(x, 0);
-
-  task->calls.clear();
-  task->failCode = -89001;
-  EXPECT_EQ(getReadOffset(handle(), &x), -89001);
-  EXPECT_EQ(task->calls.size(), 1u);
-}
-
-TEST_F(ScalarFrame, FallbackLeavesACleanReportForTheWideAnswer) {
-  task->failingOp = "setReadAttributeI32";
-  task->failCode = -89000;
-  EXPECT_EQ(setReadOffset(handle(), 77), 0);
-  ASSERT_EQ(task->calls.size(), 2u);
-  EXPECT_EQ(task->calls[1].op, "setReadAttributeOffset");
-  EXPECT_EQ(task->calls[1].value, 77.0);
-}
-
-TEST_F(ScalarFrame, WarningsDoNotReachTheLastError) {
-  task->failCode = -5;
+TEST(ScalarFrame, WarningsDoNotReachTheLastError) {
+  auto task = RecordingTask::create();
   double x;
-  getAIMax(handle(), "", &x);
-  task->failCode = 5;
-  getAIMax(handle(), "", &x);
-  EXPECT_EQ(lastErrorCode(), -5);
+  task->on("getChannelAttributeF64").status(-5);
+  getAIMax(task->handle(), &x);
+  task->on("getChannelAttributeF64").status(5);
+  getAIMax(task->handle(), &x);
+  EXPECT_EQ(zqtest::lastErrorCode(), -5);
+}
+
+// The narrow operation's -89000 and its report are cleared: the wide operation's own failure
+// is what the caller and the last error see, without the narrow one's items.
+TEST(ScalarFrame, FallbackStartsTheWideOperationOnACleanReport) {
+  auto task = RecordingTask::create();
+  task->on("getReadAttributeI32").status(-89000, [](zqerr_Status* s) {
+    zqerr::addItem(zqerr::openOrderedData(s, zqerr::kTranslatorZqvorex), zqerr::usage::kUsageTypeParamNum, 3);
+  });
+  task->on("getReadAttributeOffset").status(-201003);
+  int32_t x = 1;
+  zqtest::clearLastError();
+  EXPECT_EQ(getReadOffset(task->handle(), &x), -201003);
+  EXPECT_EQ(x, 0);
+  EXPECT_EQ(zqtest::lastErrorCode(), -201003);
+  EXPECT_EQ(zqtest::lastErrorItems(), "<none>");
+}
+
+TEST(ScalarFrame, SetAndResetFallBackWithTheSameValue) {
+  struct Row {
+    const char* narrow;
+    const char* wide;
+    int32_t (*change)(TaskHandle);
+    const char* passed;
+  };
+  const Row rows[] = {
+      {"setReadAttributeI32", "setReadAttributeOffset",
+       [](TaskHandle t) {
+         return changeWithFallback<ClassI32, &ITask::setReadAttributeI32, &ITask::setReadAttributeOffset>(kReadOffset,
+                                                                                                         t, -77);
+       },
+       "-77"},
+      {"resetReadAttributeI32", "resetReadAttributeOffset",
+       [](TaskHandle t) {
+         return changeWithFallback<ClassI32, &ITask::resetReadAttributeI32, &ITask::resetReadAttributeOffset>(
+             kReadOffset, t);
+       },
+       "<absent>"},
+      {"setReadAttributeU32", "setReadAttributeSize",
+       [](TaskHandle t) {
+         return changeWithFallback<ClassU32, &ITask::setReadAttributeU32, &ITask::setReadAttributeSize>(kReadAvail, t,
+                                                                                                       4000000000u);
+       },
+       "4000000000"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.narrow);
+    auto task = RecordingTask::create();
+    task->on(row.narrow).status(-89000);
+    EXPECT_EQ(row.change(task->handle()), 0);
+    ASSERT_EQ(task->calls().size(), 2u);
+    EXPECT_EQ(task->calls()[1].op, row.wide);
+    EXPECT_EQ(task->calls()[1].text("value"), row.passed);
+    EXPECT_EQ(task->calls()[0].text("value"), row.passed);
+  }
 }
 
 }  // namespace

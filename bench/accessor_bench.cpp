@@ -1,0 +1,153 @@
+// What the accessor frame costs with tracing off, against a direct call of the same task
+// operation through a shared reference, measured side by side in the same run. Each
+// benchmark's time is the frame's; "ratio_to_direct" is frame time over direct time and
+// "allocs_per_call" the heap allocations of one frame call.
+//
+// A scalar Get without a channel must not allocate: its benchmark fails (SkipWithError) when
+// it does. A Get with a one-name channel parses the list and builds its view, and reports what
+// that allocates.
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+#include <memory>
+#include <type_traits>
+
+#include "alloc_counter.h"
+#include "boundary/array_view.h"
+#include "frame/scalar_frame.h"
+#include "task/itask.h"
+#include "tracing/trace.h"
+
+namespace {
+
+using zqvorexRedir::ITask;
+
+// Every operation answers at once: a constant for a number, nothing otherwise.
+template <class R, class... Args>
+R constantAnswer(const Args&...) {
+  if constexpr (std::is_arithmetic_v<R>)
+    return static_cast<R>(4096);
+  else if constexpr (!std::is_void_v<R>)
+    return R{};
+}
+
+class ConstantTask final : public ITask, public std::enable_shared_from_this<ConstantTask> {
+ public:
+  void lock(zqerr_Status*) override {}
+  void lock() override {}
+  void unlock() override {}
+  const zqvorexRedir::Text& getName() const override { return name_; }
+  std::shared_ptr<zqvorexRedir::IContext> getContext() override { return nullptr; }
+  std::shared_ptr<zqvorexRedir::IContext> getContext() const override { return nullptr; }
+  zqvorexRedir::EventTokens getEvents(int32_t, zqerr_Status*) override { return {}; }
+  std::shared_ptr<ITask> sharedFromThis() override { return shared_from_this(); }
+  std::shared_ptr<const ITask> sharedFromThis() const override { return shared_from_this(); }
+
+  using Text = zqvorexRedir::Text;
+#define ZQ_BENCH_UNPAREN(...) __VA_ARGS__
+#define ZQ_TASK_OP(result, name, params, args) \
+  result name params override { return constantAnswer<result>(ZQ_BENCH_UNPAREN args); }
+#include "task/itask_overrides.inc"
+#undef ZQ_TASK_OP
+#undef ZQ_BENCH_UNPAREN
+
+ private:
+  Text name_ = "bench";
+};
+
+constexpr zqframe::AccessorInfo kBufSize{"VorexGetBufInputBufSize", 0x186C, nullptr, 1};
+constexpr zqframe::AccessorInfo kAIMax{"VorexGetAIMax", 0x17DD, "channel", 2};
+constexpr const char* kOneChannel = "Dev1/ai0";
+constexpr int kBatch = 256;
+
+// Tracing off for the process, as after a start-up that found no tool.
+void switchOff() {
+  zqerr::FixedStatus failed = zqerr::makeFixedStatus();
+  zqerr::setFixed(&failed, -50000, "bench", "accessor_bench", 1);
+  zqtrace::initialiseState(failed);
+}
+
+double seconds(std::chrono::steady_clock::duration d) { return std::chrono::duration<double>(d).count(); }
+
+// Times a batch of frame calls and a batch of direct calls in each iteration; the iteration's
+// time is the frame batch's.
+template <class Frame, class Direct>
+void compare(benchmark::State& state, Frame frame, Direct direct, bool mustNotAllocate) {
+  switchOff();
+  double frameSeconds = 0, directSeconds = 0;
+  uint64_t frameAllocations = 0;
+  for (auto _ : state) {
+    const uint64_t before = zqbench::allocationCount();
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < kBatch; ++i) frame();
+    const auto middle = std::chrono::steady_clock::now();
+    frameAllocations += zqbench::allocationCount() - before;
+    for (int i = 0; i < kBatch; ++i) direct();
+    const auto end = std::chrono::steady_clock::now();
+    frameSeconds += seconds(middle - start);
+    directSeconds += seconds(end - middle);
+    state.SetIterationTime(seconds(middle - start));
+  }
+  const double calls = static_cast<double>(state.iterations()) * kBatch;
+  state.counters["ratio_to_direct"] = directSeconds > 0 ? frameSeconds / directSeconds : 0;
+  state.counters["allocs_per_call"] = static_cast<double>(frameAllocations) / calls;
+  state.SetItemsProcessed(static_cast<int64_t>(calls));
+  if (mustNotAllocate && frameAllocations != 0) state.SkipWithError("the scalar Get frame allocated");
+}
+
+void ScalarGet_FrameVsDirect(benchmark::State& state) {
+  auto task = std::make_shared<ConstantTask>();
+  std::shared_ptr<ITask> shared = task;
+  ITask* handle = task.get();
+  const zqgopher::StringArrayView emptyView;
+  compare(
+      state,
+      [&] {
+        uint32_t data = 0;
+        benchmark::DoNotOptimize(handle);
+        int32_t code = zqframe::getScalar<zqframe::ClassU32Size, &ITask::getBufferAttributeSize>(kBufSize, handle,
+                                                                                                 nullptr, &data);
+        benchmark::DoNotOptimize(code);
+        benchmark::DoNotOptimize(data);
+      },
+      [&] {
+        zqerr::Status status;
+        benchmark::DoNotOptimize(shared);
+        uint64_t data = shared->getBufferAttributeSize(emptyView, kBufSize.attributeId, &status);
+        benchmark::DoNotOptimize(status.code);
+        benchmark::DoNotOptimize(data);
+      },
+      true);
+}
+BENCHMARK(ScalarGet_FrameVsDirect)->UseManualTime();
+
+void ChannelGet_FrameVsDirect(benchmark::State& state) {
+  auto task = std::make_shared<ConstantTask>();
+  std::shared_ptr<ITask> shared = task;
+  ITask* handle = task.get();
+  const std::vector<std::string> names{kOneChannel};
+  const zqgopher::StringArrayView view(names);
+  compare(
+      state,
+      [&] {
+        double data = 0;
+        benchmark::DoNotOptimize(handle);
+        int32_t code =
+            zqframe::getScalar<zqframe::ClassF64, &ITask::getChannelAttributeF64>(kAIMax, handle, kOneChannel, &data);
+        benchmark::DoNotOptimize(code);
+        benchmark::DoNotOptimize(data);
+      },
+      [&] {
+        zqerr::Status status;
+        benchmark::DoNotOptimize(shared);
+        double data = shared->getChannelAttributeF64(view, kAIMax.attributeId, &status);
+        benchmark::DoNotOptimize(status.code);
+        benchmark::DoNotOptimize(data);
+      },
+      false);
+}
+BENCHMARK(ChannelGet_FrameVsDirect)->UseManualTime();
+
+}  // namespace
+
+BENCHMARK_MAIN();

@@ -1,0 +1,31 @@
+/* zqcai_rd_mbcs: the C interface of the data-acquisition driver.
+ *
+ * Every function returns a signed 32-bit status: 0 for success, a negative error or a positive
+ * warning. The only other positive result is the size a size query returns: a string or array
+ * Get with a null buffer or a size of 0 returns the size it needs. Text is in the system's
+ * multi-byte code page. */
+#ifndef ZQCAI_RD_MBCS_H
+#define ZQCAI_RD_MBCS_H
+
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+typedef void* TaskHandle; /* the task object's address; 0 for none */
+typedef uint32_t bool32;  /* 0 or 1 */
+typedef int32_t int32;
+typedef uint32_t uInt32;
+typedef uint64_t uInt64;
+typedef double float64;
+
+/* Generated from the attribute catalogue: the attribute id constants and the named accessors. */
+#include "zqcai_rd_mbcs_attribute_ids.h"
+#include "zqcai_rd_mbcs_accessors.h"
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,74 @@
+// What the accessor tests expect of a case, worked out from the catalogue's words alone.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "accessor_cases.h"
+#include "recording_task.h"
+
+namespace zqtest {
+
+// The list every test passes, and the names the task must see for it.
+inline constexpr const char* kListText = " Dev1/ai0 ,Dev1/ai1";
+inline const std::vector<std::string> kListNames{"Dev1/ai0", "Dev1/ai1"};
+
+struct Verb {
+  char letter;
+  const char* name;
+};
+inline constexpr Verb kVerbs[] = {{'G', "Get"}, {'S', "Set"}, {'R', "Reset"}};
+
+// The operation suffix of a catalogue type.
+inline std::string operationSuffix(std::string_view type) {
+  static const std::pair<std::string_view, const char*> kSuffixes[] = {
+      {"I32", "I32"},       {"U32", "U32"},           {"U32Size", "Size"},     {"U64", "U64"},
+      {"F64", "F64"},       {"Bool", "Bool"},         {"String", "String"},    {"StringList", "StringVtr"},
+      {"F64Array", "F64Vtr"}, {"I32Array", "I32Vtr"}};
+  for (const auto& [name, suffix] : kSuffixes)
+    if (name == type) return suffix;
+  ADD_FAILURE() << "no operation suffix for type " << type;
+  return "?";
+}
+
+// "getChannelAttributeF64" for a Get of Op Channel and type F64.
+inline std::string operationFor(std::string_view verb, const CaseInfo& info) {
+  std::string op(verb);
+  op[0] = static_cast<char>(op[0] - 'A' + 'a');
+  return op + info.op + "Attribute" + operationSuffix(info.type);
+}
+
+inline std::string functionName(std::string_view verb, const CaseInfo& info) {
+  return "Vorex" + std::string(verb) + info.name;
+}
+
+// The accessors that try the wide operation when the narrow one answers -89000.
+inline bool fallsBack(const CaseInfo& info) {
+  static constexpr std::string_view kNames[] = {"ReadOffset", "WriteOffset", "LoggingFileWriteSize",
+                                                "ReadAvailSampPerChan", "WriteSpaceAvail"};
+  for (std::string_view name : kNames)
+    if (name == info.name) return true;
+  return false;
+}
+
+// The call the accessor made: exactly one, of `op`, with the case's id and list.
+inline void expectOneCall(const RecordingTask& task, const std::string& op, const CaseInfo& info) {
+  ASSERT_EQ(task.calls().size(), 1u);
+  const RecordedCall& call = task.lastCall();
+  EXPECT_EQ(call.op, op);
+  EXPECT_EQ(call.attributeId, info.id);
+  if (std::string_view(info.op) == "Task") {
+    EXPECT_FALSE(call.channels.has_value()) << "a task operation takes no list";
+  } else {
+    const std::vector<std::string> none;
+    EXPECT_EQ(call.channels, *info.channelParam ? kListNames : none);
+  }
+}
+
+// The catalogue's words for every case of every table.
+std::vector<CaseInfo> allCases();
+
+}  // namespace zqtest

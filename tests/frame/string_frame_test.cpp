@@ -1,0 +1,349 @@
+// The text accessor shapes against the recording task: size queries, short buffers, the
+// stripping of Set values, the terminal check, lists, and text in the system code page.
+#include "frame/string_frame.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "last_error_probe.h"
+#include "platform/platform.h"
+#include "recording_task.h"
+
+namespace {
+
+using namespace zqframe;
+using zqtest::itemList;
+using zqtest::RecordingTask;
+using zqtest::usageItem;
+using zqvorexRedir::ITask;
+
+constexpr AccessorInfo kCustomScaleName{"VorexGetAICustomScaleName", 0x17E0, "channel", 10};
+constexpr AccessorInfo kTaskName{"VorexGetTaskName", 0x1276, nullptr, 11};
+constexpr AccessorInfo kTaskChannels{"VorexGetTaskChannels", 0x1273, nullptr, 12};
+constexpr AccessorInfo kStrainChans{"VorexGetAIRosetteStrainGageStrainChans", 0x2FFB, "channel", 13};
+constexpr AccessorInfo kSetCustomScaleName{"VorexSetAICustomScaleName", 0x17E0, "channel", 20};
+constexpr AccessorInfo kSampClkSrc{"VorexSetSampClkSrc", 0x1852, nullptr, 21};
+constexpr AccessorInfo kStartTrigTerm{"VorexSetExportedStartTrigOutputTerm", 0x0584, nullptr, 22};
+
+using GetText = int32_t (*)(TaskHandle, const char*, char*, uint32_t);
+using SetText = int32_t (*)(TaskHandle, const char*, const char*);
+
+int32_t getCustomScaleName(TaskHandle t, const char* c, char* d, uint32_t n) {
+  return getString<&ITask::getChannelAttributeString>(kCustomScaleName, t, c, d, n);
+}
+int32_t getTaskName(TaskHandle t, const char*, char* d, uint32_t n) {
+  return getString<&ITask::getTaskAttributeString>(kTaskName, t, nullptr, d, n);
+}
+int32_t getTaskChannels(TaskHandle t, const char*, char* d, uint32_t n) {
+  return getStringList<&ITask::getTaskAttributeStringVtr>(kTaskChannels, t, nullptr, d, n);
+}
+int32_t getStrainChans(TaskHandle t, const char* c, char* d, uint32_t n) {
+  return getStringList<&ITask::getChannelAttributeStringVtr>(kStrainChans, t, c, d, n);
+}
+int32_t setCustomScaleName(TaskHandle t, const char* c, const char* d) {
+  return setString<&ITask::setChannelAttributeString>(kSetCustomScaleName, t, c, d);
+}
+int32_t setSampClkSrc(TaskHandle t, const char*, const char* d) {
+  return setTerminal<&ITask::setTimingAttributeString>(kSampClkSrc, t, nullptr, d);
+}
+int32_t setStartTrigTerm(TaskHandle t, const char*, const char* d) {
+  return setStringList<&ITask::setTimingAttributeStringVtr>(kStartTrigTerm, t, nullptr, d);
+}
+
+std::vector<std::string> splitList(const std::string& joined) {
+  std::vector<std::string> items;
+  for (size_t start = 0; !joined.empty();) {
+    size_t comma = joined.find(", ", start);
+    items.push_back(joined.substr(start, comma - start));
+    if (comma == std::string::npos) break;
+    start = comma + 2;
+  }
+  return items;
+}
+
+// One Get shape: the accessor, the operation it must reach, and whether the plug-in answers
+// with a list that the frame joins with ", ".
+struct GetShape {
+  const char* label;
+  GetText get;
+  const char* op;
+  bool list;
+};
+
+void program(RecordingTask& task, const GetShape& shape, const std::string& value) {
+  if (shape.list)
+    task.on(shape.op).strings(splitList(value));
+  else
+    task.on(shape.op).text(value);
+}
+
+const GetShape kGetShapes[] = {
+    {"ChannelString", getCustomScaleName, "getChannelAttributeString", false},
+    {"TaskString", getTaskName, "getTaskAttributeString", false},
+    {"TaskList", getTaskChannels, "getTaskAttributeStringVtr", true},
+    {"ChannelList", getStrainChans, "getChannelAttributeStringVtr", true},
+};
+
+enum class Handle { kLive, kNull, kExpired };
+constexpr int32_t kSize = 1;  // the expected return is the size query's answer
+
+struct GetCase {
+  const char* label;
+  const char* value;  // the plug-in's value; list shapes get it split at ", "
+  Handle handle;
+  bool withBuffer;
+  int64_t bufferSize;  // -1: the value's length plus one, -2: its length
+  int32_t pluginCode;
+  int32_t expected;  // kSize or the code
+  bool written;
+  bool shortBufferItems;
+};
+
+const GetCase kGetCases[] = {
+    {"SizeQueryWithNullBuffer", "Dev1/ai0, Dev1/ai1", Handle::kLive, false, 0, 0, kSize, false, false},
+    {"SizeQueryWithNullBufferAndASize", "Dev1/ai0, Dev1/ai1", Handle::kLive, false, 40, 0, kSize, false, false},
+    {"SizeQueryWithSizeZero", "Dev1/ai0, Dev1/ai1", Handle::kLive, true, 0, 0, kSize, false, false},
+    {"SizeQueryOfAnEmptyValue", "", Handle::kLive, false, 0, 0, kSize, false, false},
+    {"SizeQueryKeepsNoWarning", "Dev1/ai0", Handle::kLive, false, 0, 200077, kSize, false, false},
+    {"ExactlyLengthPlusOne", "Dev1/ai0, Dev1/ai1", Handle::kLive, true, -1, 0, 0, true, false},
+    {"OneByteShort", "Dev1/ai0, Dev1/ai1", Handle::kLive, true, -2, 0, -200228, false, true},
+    {"LargeBuffer", "Dev1/ai0", Handle::kLive, true, 64, 0, 0, true, false},
+    {"EmptyValueIntoABuffer", "", Handle::kLive, true, 64, 0, 0, true, false},
+    {"PluginWarningKeepsTheValue", "Dev1/ai0", Handle::kLive, true, 64, 200077, 200077, true, false},
+    {"PluginErrorWritesNothing", "Dev1/ai0", Handle::kLive, true, 64, -201003, -201003, false, false},
+    {"NullHandle", "Dev1/ai0", Handle::kNull, true, 64, 0, -200230, false, false},
+    {"NullHandleIsNoSizeQuery", "Dev1/ai0", Handle::kNull, false, 0, 0, -200230, false, false},
+    {"ExpiredTask", "Dev1/ai0", Handle::kExpired, true, 64, 0, -50004, false, false},
+};
+
+class TextGet : public testing::TestWithParam<std::tuple<GetShape, GetCase>> {};
+
+TEST_P(TextGet, AnswersAsTheCaseSays) {
+  const auto& [shape, c] = GetParam();
+  auto task = RecordingTask::create();
+  program(*task, shape, c.value);
+  if (c.pluginCode != 0) task->on(shape.op).status(c.pluginCode);
+  if (c.handle == Handle::kExpired) task->expire();
+  zqtest::clearLastError();
+
+  const std::string value = c.value;
+  const int64_t size = c.bufferSize == -1 ? static_cast<int64_t>(value.size()) + 1
+                       : c.bufferSize == -2 ? static_cast<int64_t>(value.size())
+                                            : c.bufferSize;
+  const std::string untouched(64, 'x');
+  std::string buffer = untouched;
+  const int32_t result = shape.get(c.handle == Handle::kNull ? nullptr : task->handle(), "Dev1/ai0",
+                                   c.withBuffer ? buffer.data() : nullptr, static_cast<uint32_t>(size));
+
+  const int32_t expected =
+      c.expected == kSize ? (value.empty() ? 0 : static_cast<int32_t>(value.size()) + 1) : c.expected;
+  EXPECT_EQ(result, expected);
+  if (c.written) {
+    EXPECT_EQ(std::string(buffer.c_str()), value);
+  } else {
+    EXPECT_EQ(buffer, untouched);
+  }
+  EXPECT_EQ(task->callCount(shape.op), c.handle == Handle::kLive ? 1u : 0u);
+  EXPECT_EQ(zqtest::lastErrorCode(), expected < 0 ? expected : 0);
+  if (c.shortBufferItems) {
+    EXPECT_EQ(zqtest::lastErrorItems(),
+              itemList({usageItem("kUsageTypeReqBufSizeInBytes", static_cast<int64_t>(value.size()) + 1, "int32_t"),
+                        usageItem("kUsageTypeBufferLength", size, "uint32_t")}));
+  }
+}
+
+std::string caseName(const testing::TestParamInfo<TextGet::ParamType>& info) {
+  return std::string(std::get<0>(info.param).label) + "_" + std::get<1>(info.param).label;
+}
+
+INSTANTIATE_TEST_SUITE_P(Shapes, TextGet, testing::Combine(testing::ValuesIn(kGetShapes), testing::ValuesIn(kGetCases)),
+                         caseName);
+
+// The channel argument and the id reach the operation; the Task class takes no list.
+TEST(TextGetOperation, ChannelListAndIdReachTheOperation) {
+  struct Row {
+    GetText get;
+    const char* op;
+    const char* channel;
+    std::optional<std::vector<std::string>> channels;
+    int32_t id;
+  };
+  const Row rows[] = {
+      {getCustomScaleName, "getChannelAttributeString", " Dev1/ai0:1 ,Dev2/ai3",
+       {{"Dev1/ai0", "Dev1/ai1", "Dev2/ai3"}}, 0x17E0},
+      {getCustomScaleName, "getChannelAttributeString", nullptr, {std::vector<std::string>{}}, 0x17E0},
+      {getStrainChans, "getChannelAttributeStringVtr", "", {std::vector<std::string>{}}, 0x2FFB},
+      {getTaskName, "getTaskAttributeString", "ignored", std::nullopt, 0x1276},
+      {getTaskChannels, "getTaskAttributeStringVtr", "ignored", std::nullopt, 0x1273},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.op);
+    auto task = RecordingTask::create();
+    char buffer[32];
+    EXPECT_EQ(row.get(task->handle(), row.channel, buffer, sizeof buffer), 0);
+    ASSERT_EQ(task->calls().size(), 1u);
+    EXPECT_EQ(task->lastCall().op, row.op);
+    EXPECT_EQ(task->lastCall().channels, row.channels);
+    EXPECT_EQ(task->lastCall().attributeId, row.id);
+  }
+}
+
+TEST(TextGetOperation, BadChannelListStopsBeforeThePlugin) {
+  auto task = RecordingTask::create();
+  std::string buffer(16, 'x');
+  EXPECT_EQ(getCustomScaleName(task->handle(), "ai0:", buffer.data(), 16), -200498);
+  EXPECT_EQ(buffer, std::string(16, 'x'));
+  EXPECT_TRUE(task->calls().empty());
+}
+
+TEST(TextGetOperation, ListItemsAreJoinedWithCommaAndSpace) {
+  auto task = RecordingTask::create();
+  task->on("getTaskAttributeStringVtr").strings({"a", "b b", "c"});
+  char buffer[32];
+  EXPECT_EQ(getTaskChannels(task->handle(), nullptr, nullptr, 0), 10);
+  EXPECT_EQ(getTaskChannels(task->handle(), nullptr, buffer, sizeof buffer), 0);
+  EXPECT_STREQ(buffer, "a, b b, c");
+}
+
+TEST(TextGetOperation, ExceptionInTheOperationBecomesAStatus) {
+  auto task = RecordingTask::create();
+  task->on("getChannelAttributeString").throws(std::runtime_error("plug-in threw"));
+  std::string buffer(8, 'x');
+  EXPECT_EQ(getCustomScaleName(task->handle(), "", buffer.data(), 8), -50150);
+  EXPECT_EQ(buffer, std::string(8, 'x'));
+}
+
+// --- Set -----------------------------------------------------------------------------------
+
+struct SetCase {
+  const char* label;
+  SetText set;
+  const char* op;
+  Handle handle;
+  const char* input;
+  int32_t expected;
+  const char* passed;  // the value the operation received, as text; null when not called
+  int32_t terminals;   // the count in the -200098 report, 0 for none
+};
+
+const SetCase kSetCases[] = {
+    {"StringStripsSpaces", setCustomScaleName, "setChannelAttributeString", Handle::kLive, " PFI0 ", 0, "PFI0", 0},
+    {"StringStripsAllSixWhiteSpaces", setCustomScaleName, "setChannelAttributeString", Handle::kLive,
+     "\t\r\n\f\v a b \v\f\n\r\t", 0, "a b", 0},
+    {"StringNullIsEmpty", setCustomScaleName, "setChannelAttributeString", Handle::kLive, nullptr, 0, "", 0},
+    {"StringKeepsCommas", setCustomScaleName, "setChannelAttributeString", Handle::kLive, "PFI0, PFI1", 0,
+     "PFI0, PFI1", 0},
+    {"StringKeepsColons", setCustomScaleName, "setChannelAttributeString", Handle::kLive, "ai0:", 0, "ai0:", 0},
+    {"StringNullHandle", setCustomScaleName, "setChannelAttributeString", Handle::kNull, "x", -200230, nullptr, 0},
+    {"StringExpiredTask", setCustomScaleName, "setChannelAttributeString", Handle::kExpired, "x", -50004, nullptr, 0},
+    {"TerminalStripsSpaces", setSampClkSrc, "setTimingAttributeString", Handle::kLive, " PFI0 ", 0, "PFI0", 0},
+    {"TerminalNullIsEmpty", setSampClkSrc, "setTimingAttributeString", Handle::kLive, nullptr, 0, "", 0},
+    {"TerminalWithDevice", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "/Dev1/PFI0", 0, "/Dev1/PFI0", 0},
+    {"TerminalPassesTheTextNotTheName", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0 , ", 0,
+     "PFI0 ,", 0},
+    {"TwoTerminals", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0,PFI1", -200098, nullptr, 2},
+    {"TerminalRange", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0:2", -200098, nullptr, 3},
+    {"TerminalListError", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0:", -200498, nullptr, 0},
+    {"TerminalNullHandleWins", setSampClkSrc, "setTimingAttributeString", Handle::kNull, "PFI0,PFI1", -200230,
+     nullptr, 0},
+    {"ListSplitsAndStrips", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, " a, b ,c ", 0,
+     "a, b, c", 0},
+    {"ListExpandsRanges", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, "ai0:2", 0,
+     "ai0, ai1, ai2", 0},
+    {"ListNullIsEmpty", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, nullptr, 0, "", 0},
+    {"ListOfCommasIsEmpty", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, ",,,", 0, "", 0},
+    {"ListError", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, ":3", -200498, nullptr, 0},
+    {"ListExpiredTask", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kExpired, "a", -50004, nullptr, 0},
+};
+
+class TextSet : public testing::TestWithParam<SetCase> {};
+
+TEST_P(TextSet, PassesTheValueAsTheCaseSays) {
+  const SetCase& c = GetParam();
+  auto task = RecordingTask::create();
+  if (c.handle == Handle::kExpired) task->expire();
+  zqtest::clearLastError();
+
+  EXPECT_EQ(c.set(c.handle == Handle::kNull ? nullptr : task->handle(), nullptr, c.input), c.expected);
+  if (c.passed) {
+    ASSERT_EQ(task->callCount(c.op), 1u);
+    EXPECT_EQ(task->lastCall().text("value"), c.passed);
+  } else {
+    EXPECT_TRUE(task->calls().empty());
+  }
+  if (c.terminals != 0) {
+    EXPECT_EQ(zqtest::lastErrorItems(),
+              itemList({usageItem("kUsageTypeAttributeIdentifier", 0x1852, "int32_t", "SampClkSrc"),
+                        usageItem("kUsageTypeRequestedNumberTerminals", c.terminals, "uint32_t")}));
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Shapes, TextSet, testing::ValuesIn(kSetCases),
+                         [](const testing::TestParamInfo<SetCase>& info) { return std::string(info.param.label); });
+
+TEST(TextSetOperation, ChannelListAndPluginAnswerReachTheCaller) {
+  auto task = RecordingTask::create();
+  task->on("setChannelAttributeString").status(200077);
+  EXPECT_EQ(setCustomScaleName(task->handle(), "Dev1/ai0:1", "scale"), 200077);
+  ASSERT_EQ(task->calls().size(), 1u);
+  EXPECT_EQ(task->lastCall().channels, (std::vector<std::string>{"Dev1/ai0", "Dev1/ai1"}));
+  EXPECT_EQ(task->lastCall().attributeId, 0x17E0);
+  EXPECT_EQ(task->lastCall().arg("value")->type, "const Text&");
+}
+
+// --- text in the system code page ----------------------------------------------------------
+
+struct PageText {
+  uint32_t page;
+  const char* system;  // a name as the caller holds it
+  const char* utf8;    // the same name inside
+};
+
+const PageText kPageTexts[] = {
+    {65001, "caf\xC3\xA9", "caf\xC3\xA9"},
+    {1252, "caf\xE9", "caf\xC3\xA9"},
+    {932, "\x83\x41\x83\x43", "\xE3\x82\xA2\xE3\x82\xA4"},
+};
+
+// The cases of the system code page this process runs under (ZQCAI_CODE_PAGE on Linux).
+std::vector<PageText> casesOfThisPage() {
+  std::vector<PageText> cases;
+  for (const PageText& text : kPageTexts)
+    if (text.page == zqplatform::systemCodePage()) cases.push_back(text);
+  return cases;
+}
+
+TEST(CodePage, ChannelAndValueArriveAsUtf8) {
+  const auto cases = casesOfThisPage();
+  if (cases.empty()) GTEST_SKIP() << "no sample text for code page " << zqplatform::systemCodePage();
+  for (const PageText& text : cases) {
+    auto task = RecordingTask::create();
+    const std::string channel = std::string("Dev1/") + text.system + ", x";
+    EXPECT_EQ(setCustomScaleName(task->handle(), channel.c_str(), text.system), 0);
+    ASSERT_EQ(task->calls().size(), 1u);
+    EXPECT_EQ(task->lastCall().channels, (std::vector<std::string>{std::string("Dev1/") + text.utf8, "x"}));
+    EXPECT_EQ(task->lastCall().text("value"), text.utf8);
+  }
+}
+
+TEST(CodePage, GetGivesTheSystemTextAndCountsItsBytes) {
+  const auto cases = casesOfThisPage();
+  if (cases.empty()) GTEST_SKIP() << "no sample text for code page " << zqplatform::systemCodePage();
+  for (const PageText& text : cases) {
+    auto task = RecordingTask::create();
+    task->on("getChannelAttributeString").text(text.utf8);
+    task->on("getTaskAttributeStringVtr").strings({text.utf8, text.utf8});
+    const std::string system = text.system;
+    char buffer[32];
+    EXPECT_EQ(getCustomScaleName(task->handle(), "", nullptr, 0), static_cast<int32_t>(system.size()) + 1);
+    EXPECT_EQ(getCustomScaleName(task->handle(), "", buffer, static_cast<uint32_t>(system.size())), -200228);
+    EXPECT_EQ(getCustomScaleName(task->handle(), "", buffer, static_cast<uint32_t>(system.size()) + 1), 0);
+    EXPECT_EQ(std::string(buffer), system);
+    EXPECT_EQ(getTaskChannels(task->handle(), nullptr, buffer, sizeof buffer), 0);
+    EXPECT_EQ(std::string(buffer), system + ", " + system);
+  }
+}
+
+}  // namespace
