@@ -1,0 +1,119 @@
+// Tasks that exist only as configuration text: the text's one task and its channels, with
+// the devices of the local system.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "report_query.h"
+#include "selection_support.h"
+#include "status/status_codes.h"
+
+namespace zqtest {
+namespace {
+
+using zqvorexRedir::NameSet;
+
+struct TextCase {
+  const char* label;
+  const char* text;
+  int32_t code;
+  const char* constant;  // error_constant of the report, when code is not 0
+  const char* plugin;
+  NameSet devices;
+  NameSet channels;
+};
+
+void PrintTo(const TextCase& c, std::ostream* os) { *os << c.label; }
+
+class SelectForConfigString : public testing::TestWithParam<TextCase> {
+ protected:
+  void SetUp() override { useSelectionStore(); }
+};
+
+TEST_P(SelectForConfigString, ReadsTheTextsOneTask) {
+  const TextCase& c = GetParam();
+  auto selector = makeSelector(nullptr);
+  std::string plugin = kUntouched;
+  bool debuggable = true;
+  NameSet devices;
+  NameSet channels;
+  zqerr::Status status;
+  selector->selectForConfigString(0, c.text, &plugin, &debuggable, &devices, &channels, &status);
+  EXPECT_EQ(status.code, c.code) << (status.report ? status.report : "");
+  EXPECT_EQ(plugin, c.plugin);
+  if (c.code != 0) {
+    EXPECT_EQ(reportAt(status.report, {"error_constant"}), c.constant);
+    EXPECT_TRUE(debuggable);
+    return;
+  }
+  EXPECT_EQ(devices, c.devices);
+  EXPECT_EQ(channels, c.channels);
+}
+
+const char* const kOneTask = R"ini(
+[task Logger]
+channels = v0, GlobalInText
+[channel v0]
+task = Logger
+device = SimA
+physical_channels = SimA/ai5
+[channel GlobalInText]
+device = SimB
+physical_channels = SimB/ai6
+)ini";
+
+const char* const kTwoTasks = R"ini(
+[task First]
+[task Second]
+[channel a]
+task = First
+device = SimA
+physical_channels = SimA/ai0
+)ini";
+
+const char* const kOtherPlugin = R"ini(
+[task OnOther]
+[channel c]
+task = OnOther
+device = Other
+physical_channels = Other/ai7
+)ini";
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, SelectForConfigString,
+    testing::Values(
+        TextCase{"OneTask", kOneTask, 0, "", "zqvorexSim", {"SimA", "SimB"}, {"SimA/ai5", "SimB/ai6"}},
+        TextCase{"OneTaskOfAnotherPlugin", kOtherPlugin, 0, "", "zqvorexOther", {"Other"}, {"Other/ai7"}},
+        TextCase{"TwoTasks",
+                 kTwoTasks,
+                 nZQMESL100::kInternalErrorIllegalNumberOfTasksFoundInTaskINI,
+                 "nZQMESL100::kInternalErrorIllegalNumberOfTasksFoundInTaskINI",
+                 kUntouched,
+                 {},
+                 {}},
+        TextCase{"NoTask",
+                 "[channel lonely]\ndevice = SimA\n",
+                 nZQMESL100::kInternalErrorIllegalNumberOfTasksFoundInTaskINI,
+                 "nZQMESL100::kInternalErrorIllegalNumberOfTasksFoundInTaskINI",
+                 kUntouched,
+                 {},
+                 {}},
+        TextCase{"TaskWithoutChannels",
+                 "[task Bare]\n",
+                 nZQMSTS::kErrorPhysicalChannelNotSpecified,
+                 "nZQMSTS::kErrorPhysicalChannelNotSpecified",
+                 kUntouched,
+                 {},
+                 {}},
+        // The storage library's own refusal stands.
+        TextCase{"NotTaskText",
+                 "[task A]\nspeed = 3\n",
+                 zqapalerr_invalidParameter,
+                 "zqapalerr_invalidParameter",
+                 kUntouched,
+                 {},
+                 {}}),
+    [](const auto& info) { return std::string(info.param.label); });
+
+}  // namespace
+}  // namespace zqtest

@@ -1,0 +1,107 @@
+// Binding the storage and task-catalog libraries for real: the companion libraries bind whole,
+// and a library that lacks one operation of a class is refused for that class.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "binding/load_library.h"
+#include "report_query.h"
+#include "status/status_codes.h"
+#include "storage/storage_binding.h"
+
+namespace {
+
+namespace sc = zqvorexStorageCpp;
+using zqtest::reportAt;
+
+template <class T>
+size_t boundCount(const std::shared_ptr<T>& bound) {
+  size_t count = 0;
+  for (size_t i = 0; bound && i < T::kOperationCount; ++i) count += bound->slot(i) != nullptr;
+  return count;
+}
+
+TEST(StorageBinding, TheStorageLibraryBindsEveryClassWhole) {
+  zqerr::Status status;
+  const sc::StorageBindings bound = sc::bindStorage(sc::kStorageLibrary, &status);
+  EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
+  EXPECT_EQ(boundCount(bound.capabilities), 9u);
+  EXPECT_EQ(boundCount(bound.storage), 60u);
+  EXPECT_EQ(boundCount(bound.storageSpec), 23u);
+  EXPECT_EQ(boundCount(bound.channelSpecification), 38u);
+  EXPECT_EQ(boundCount(bound.channelTaskSpecification), 28u);
+  const auto catalog =
+      zqvorexTaskCatalogCpp::bindNameGenerator(zqvorexTaskCatalogCpp::kTaskCatalogLibrary, &status);
+  EXPECT_EQ(boundCount(catalog), 2u);
+  EXPECT_EQ(status.code, 0);
+}
+
+// The stand-in exports all but getObjectIDForNameInNamespace, which only Storage binds.
+TEST(StorageBinding, OneMissingSymbolRefusesItsClassAndNoOther) {
+  struct Case {
+    const char* label;
+    std::function<bool(zqerr_Status*)> load;  // true when a binding came back
+    int32_t code;
+  };
+  const char* gap = "zqtestStorageGap";
+  const char* prefix = "zqtestStorageGap_";
+  const std::vector<Case> cases = {
+      {"Storage", [&](zqerr_Status* s) { return !!zqdynlib::loadBoundLibrary<sc::Storage>(gap, s, prefix); },
+       nZQMSTS::kErrorFunctionNotInLibrary},
+      {"StorageSpec",
+       [&](zqerr_Status* s) { return !!zqdynlib::loadBoundLibrary<sc::StorageSpec>(gap, s, prefix); }, 0},
+      {"ChannelSpecification",
+       [&](zqerr_Status* s) {
+         return !!zqdynlib::loadBoundLibrary<sc::ChannelSpecification>(gap, s, prefix);
+       },
+       0},
+      {"ChannelTaskSpecification",
+       [&](zqerr_Status* s) {
+         return !!zqdynlib::loadBoundLibrary<sc::ChannelTaskSpecification>(gap, s, prefix);
+       },
+       0},
+      {"Capabilities",
+       [&](zqerr_Status* s) { return !!zqdynlib::loadBoundLibrary<sc::Capabilities>(gap, s, prefix); }, 0},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.label);
+    zqerr::Status status;
+    EXPECT_EQ(c.load(&status), c.code == 0);
+    EXPECT_EQ(status.code, c.code);
+    if (c.code == 0) continue;
+    const char* r = status.report;
+    EXPECT_EQ(reportAt(r, {"error_constant"}), "nZQMSTS::kErrorFunctionNotInLibrary");
+    EXPECT_EQ(reportAt(r, {"translator_info", "ordered_data", "#0", "usage"}), "kUsageTypeLibraryName");
+    EXPECT_EQ(reportAt(r, {"translator_info", "ordered_data", "#0", "value"}), gap);
+    EXPECT_EQ(reportAt(r, {"nested_error", "zqdynlib_debug", "zqdynlib_symbol"}),
+              "zqtestStorageGap_getObjectIDForNameInNamespace");
+  }
+}
+
+TEST(StorageBinding, AnAbsentLibraryLeavesNoClassBound) {
+  zqerr::Status status;
+  const sc::StorageBindings bound = sc::bindStorage("zqtestNoSuchStorage", &status);
+  EXPECT_EQ(status.code, nZQMSTS::kErrorLibraryNotPresent);
+  EXPECT_EQ(reportAt(status.report, {"translator_info", "ordered_data", "#0", "value"}),
+            "zqtestNoSuchStorage");
+  EXPECT_FALSE(bound.capabilities || bound.storage || bound.storageSpec || bound.channelSpecification ||
+               bound.channelTaskSpecification);
+  zqerr::Status catalogStatus;
+  EXPECT_FALSE(zqvorexTaskCatalogCpp::bindNameGenerator("zqtestNoSuchCatalog", &catalogStatus));
+  EXPECT_EQ(catalogStatus.code, nZQMSTS::kErrorLibraryNotPresent);
+}
+
+TEST(StorageBinding, AnEarlierErrorBindsNothing) {
+  zqerr::Status status;
+  ZQ_FAIL(&status, zqpalerr_badPointer, "earlier", 3);
+  const std::string before = status.report;
+  const sc::StorageBindings bound = sc::bindStorage(sc::kStorageLibrary, &status);
+  EXPECT_FALSE(bound.capabilities || bound.storage || bound.channelTaskSpecification);
+  EXPECT_EQ(status.code, zqpalerr_badPointer);
+  EXPECT_EQ(status.report, before);
+}
+
+}  // namespace
