@@ -4,6 +4,8 @@
 #include <mutex>
 #include <new>
 
+#include "platform/library_entry.h"
+
 namespace nZQCAI100 {
 
 TlsManager::TlsManager()
@@ -25,6 +27,7 @@ ExtendedErrorInfo* TlsManager::getOrCreateThreadRecord() {
     delete record;
     return nullptr;
   }
+  zqplatform::watchThreadExit();
   std::lock_guard<zqplatform::SlimLock> lock(listLock_);
   record->previous = records_.previous;
   record->next = &records_;

@@ -1,0 +1,222 @@
+#include "globals/shared_globals.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <atomic>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "build_probe.h"
+#include "fresh_root.h"
+#include "globals/one_time.h"
+#include "report_query.h"
+#include "status/status_codes.h"
+#include "tasknames/local_task_name_generator.h"
+#include "tasknames/shared_task_name_generator.h"
+
+namespace {
+
+using nZQCAI100::currentSharedGlobals;
+using nZQCAI100::oneTimeRecord;
+using zqtest::BuildProbe;
+using zqtest::inFreshProcess;
+using zqtest::Installation;
+using zqtest::SharedFolder;
+
+constexpr const char* kStorageFile = ZQ_TEST_STORAGE_LIBRARY;
+constexpr const char* kCatalogFile = ZQ_TEST_CATALOG_LIBRARY;
+
+struct Services {
+  std::shared_ptr<nZQCAI100::ITaskPool> pool;
+  std::shared_ptr<zqvorexRedir::IContextManager> contexts;
+  std::shared_ptr<zqvorexRedir::ITaskNameGenerator> names;
+  int32_t code = 0;
+};
+
+Services fetchServices() {
+  Services services;
+  zqerr::Status status;
+  services.pool = nZQCAI100::getTaskPool(&status);
+  services.contexts = nZQCAI100::getContextManager(&status);
+  services.names = nZQCAI100::getTaskNameGenerator(&status);
+  services.code = status.code;
+  return services;
+}
+
+void expectSameServices(const Services& a, const Services& b) {
+  EXPECT_EQ(a.code, 0);
+  EXPECT_EQ(b.code, 0);
+  ASSERT_NE(a.pool, nullptr);
+  EXPECT_EQ(a.pool, b.pool);
+  EXPECT_EQ(a.contexts, b.contexts);
+  EXPECT_EQ(a.names, b.names);
+}
+
+// --- the one-time build ----------------------------------------------------------------------
+
+TEST(SharedGlobals, SecondCallerDuringTheBuildWaitsAndGetsTheSameServices) {
+  SharedFolder folder("second-caller");
+  folder.install(kStorageFile);
+  for (int round = 0; round < 4; ++round)
+    inFreshProcess([&] {
+      Installation installation;
+      installation.setSharedFolder64(folder.text());
+      BuildProbe::install(true);
+      Services first, second;
+      std::thread builder([&] { first = fetchServices(); });
+      while (BuildProbe::builds == 0) std::this_thread::yield();
+      std::thread waiter([&] {
+        BuildProbe::secondArrived = true;
+        second = fetchServices();
+      });
+      builder.join();
+      waiter.join();
+      EXPECT_EQ(BuildProbe::builds, 1);
+      expectSameServices(first, second);
+    });
+}
+
+TEST(SharedGlobals, ThreadsStartingTogetherBuildOnce) {
+  SharedFolder folder("together");
+  folder.install(kStorageFile);
+  for (int round = 0; round < 4; ++round)
+    inFreshProcess([&] {
+      Installation installation;
+      installation.setSharedFolder64(folder.text());
+      BuildProbe::install(false);
+      std::array<Services, 6> seen;
+      std::atomic<int> ready{0};
+      std::vector<std::thread> threads;
+      for (Services& services : seen)
+        threads.emplace_back([&] {
+          ++ready;
+          while (ready < static_cast<int>(seen.size())) std::this_thread::yield();
+          services = fetchServices();
+        });
+      for (auto& thread : threads) thread.join();
+      EXPECT_EQ(BuildProbe::builds, 1);
+      for (const Services& services : seen) expectSameServices(seen[0], services);
+    });
+}
+
+TEST(SharedGlobals, ServicesAreWiredFromTheInstallation) {
+  SharedFolder folder("wired");
+  folder.install(kStorageFile);
+  inFreshProcess([&] {
+    Installation installation;
+    installation.setSharedFolder64(folder.text() + "\\");
+    zqerr::Status status;
+    auto pool = nZQCAI100::getTaskPool(&status);
+    ASSERT_EQ(status.code, 0) << status.report;
+    nZQCAI100::SharedGlobals* g = currentSharedGlobals();
+    ASSERT_NE(g, nullptr);
+    EXPECT_EQ(g->taskPool, pool);
+    auto plugins = std::dynamic_pointer_cast<zqvorexRedir::PluginManager>(g->pluginManager);
+    ASSERT_NE(plugins, nullptr);
+    EXPECT_EQ(plugins->folder(), folder.text() + "\\qxef");
+    EXPECT_EQ(nZQCAI100::getTlsManager(&status).get(), &nZQCAI100::tlsManager());
+    EXPECT_NE(g->systemSettings, nullptr);
+    EXPECT_NE(g->pluginSelector, nullptr);
+    const std::pair<const void*, const void*> views[] = {
+        {g->storage.get(), g->storageLibrary.get()},
+        {g->capabilities.get(), g->capabilitiesLibrary.get()},
+        {g->storageSpec.get(), g->storageSpecLibrary.get()},
+        {g->channelSpecification.get(), g->channelSpecificationLibrary.get()},
+        {g->channelTaskSpecification.get(), g->channelTaskSpecificationLibrary.get()},
+    };
+    for (const auto& [view, library] : views) {
+      EXPECT_NE(view, nullptr);
+      EXPECT_EQ(view, library);
+    }
+  });
+}
+
+TEST(SharedGlobals, FailedStatusGetsNothingAndBuildsNothing) {
+  inFreshProcess([] {
+    BuildProbe::install(false);
+    zqerr::Status status;
+    ZQ_FAIL(&status, -7, "earlier", 1);
+    EXPECT_EQ(nZQCAI100::getTaskPool(&status), nullptr);
+    EXPECT_EQ(nZQCAI100::getContextManager(&status), nullptr);
+    EXPECT_EQ(status.code, -7);
+    EXPECT_EQ(BuildProbe::builds, 0);
+  });
+}
+
+// --- failed builds --------------------------------------------------------------------------------
+
+TEST(SharedGlobals, MissingStorageFailsTheBuildAndTheNextCallRetries) {
+  SharedFolder folder("missing-storage");
+  inFreshProcess([&] {
+    folder.clear();
+    folder.install(kCatalogFile);
+    Installation installation;
+    installation.setSharedFolder64(folder.text());
+    BuildProbe::install(false);
+
+    zqerr::Status first;
+    EXPECT_EQ(nZQCAI100::getTaskPool(&first), nullptr);
+    ASSERT_EQ(first.code, nZQMSTS::kErrorLibraryNotPresent);
+    const char* item[] = {"translator_info", "ordered_data", "#0"};
+    EXPECT_EQ(zqtest::reportAt(first.report, {item[0], item[1], item[2], "usage"}), "kUsageTypeLibraryName");
+    EXPECT_EQ(zqtest::reportAt(first.report, {item[0], item[1], item[2], "value"}),
+              folder.text() + "\\qxef\\zqvorexStorage");
+    EXPECT_EQ(currentSharedGlobals(), nullptr) << "nothing of the failed build stays";
+    EXPECT_EQ(oneTimeRecord().state.load(), 0u);
+
+    folder.install(kStorageFile);
+    Services second = fetchServices();
+    EXPECT_EQ(second.code, 0);
+    EXPECT_NE(second.pool, nullptr);
+    EXPECT_EQ(BuildProbe::builds, 2);
+  });
+}
+
+TEST(SharedGlobals, MissingSharedFolderFailsTheBuild) {
+  inFreshProcess([] {
+    Installation installation;
+    BuildProbe::install(false);
+    for (int call = 1; call <= 2; ++call) {
+      Services services = fetchServices();
+      EXPECT_EQ(services.code, zqapalerr_resourceNotFound);
+      EXPECT_EQ(services.pool, nullptr);
+      EXPECT_EQ(currentSharedGlobals(), nullptr);
+      EXPECT_EQ(BuildProbe::builds, call);
+    }
+  });
+}
+
+struct CatalogCase {
+  const char* label;
+  bool installed;
+};
+
+class TaskCatalog : public testing::TestWithParam<CatalogCase> {};
+
+TEST_P(TaskCatalog, ChoosesTheNameGeneratorSilently) {
+  const CatalogCase& c = GetParam();
+  SharedFolder folder(std::string("catalog-") + c.label);
+  folder.clear();
+  folder.install(kStorageFile);
+  if (c.installed) folder.install(kCatalogFile);
+  inFreshProcess([&] {
+    Installation installation;
+    installation.setSharedFolder64(folder.text());
+    zqerr::Status status;
+    auto names = nZQCAI100::getTaskNameGenerator(&status);
+    EXPECT_EQ(status.code, 0);
+    EXPECT_EQ(status.report, nullptr) << "nothing is reported";
+    ASSERT_NE(currentSharedGlobals(), nullptr);
+    EXPECT_EQ(currentSharedGlobals()->nameGenerator != nullptr, c.installed);
+    EXPECT_EQ(dynamic_cast<zqvorexRedir::SharedTaskNameGenerator*>(names.get()) != nullptr, c.installed);
+    EXPECT_EQ(dynamic_cast<zqvorexRedir::LocalTaskNameGenerator*>(names.get()) != nullptr, !c.installed);
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, TaskCatalog,
+                         testing::Values(CatalogCase{"absent", false}, CatalogCase{"present", true}),
+                         [](const auto& info) { return std::string(info.param.label); });
+
+}  // namespace
