@@ -337,131 +337,131 @@ ZQVOREX_STORAGE_ADDER_TABLE(zqvorexStorage_IItemAdderObjectIDTable, zqvorexStora
 /* ---- ChannelSpecification (38) ---------------------------------------------------------- */
 
 #define ZQVOREX_STORAGE_CHANNEL_SPECIFICATION_OPERATIONS(X)                                     \
-  X(void, ChannelSpecification_getName, (uint64_t spec, zqgopher_IString* name, zqerr_Status* status)) \
+  X(void, ChannelSpecification_getName, (uint64_t definition, zqgopher_IString* name, zqerr_Status* status)) \
   /* text */                                                                                    \
   X(void, ChannelSpecification_getScaleNameList,                                                \
-    (uint64_t spec, zqgopher_IItemAdder* names, zqerr_Status* status))                          \
+    (uint64_t definition, zqgopher_IItemAdder* names, zqerr_Status* status))                          \
   X(void, ChannelSpecification_getCustomScaleName,                                              \
-    (uint64_t spec, zqgopher_IString* name, zqerr_Status* status))                              \
+    (uint64_t definition, zqgopher_IString* name, zqerr_Status* status))                              \
   X(void, ChannelSpecification_getEndpointDeviceIdentifier,                                     \
-    (uint64_t spec, zqgopher_IString* device, zqerr_Status* status))                            \
+    (uint64_t definition, zqgopher_IString* device, zqerr_Status* status))                            \
   /* text */                                                                                    \
   X(void, ChannelSpecification_getPhysicalChannelNameList,                                      \
-    (uint64_t spec, zqgopher_IItemAdder* names, zqerr_Status* status))                          \
+    (uint64_t definition, zqgopher_IItemAdder* names, zqerr_Status* status))                          \
   /* uint32_t */                                                                                \
   X(void, ChannelSpecification_getProductIDList,                                                \
-    (uint64_t spec, zqgopher_IItemAdder* productIds, zqerr_Status* status))                     \
-  X(bool, ChannelSpecification_isGlobal, (uint64_t spec, zqerr_Status* status))                 \
-  X(bool, ChannelSpecification_wasVerified, (uint64_t spec, zqerr_Status* status))              \
+    (uint64_t definition, zqgopher_IItemAdder* productIds, zqerr_Status* status))                     \
+  X(bool, ChannelSpecification_isGlobal, (uint64_t definition, zqerr_Status* status))                 \
+  X(bool, ChannelSpecification_wasVerified, (uint64_t definition, zqerr_Status* status))              \
   X(void, ChannelSpecification_getParentTaskName,                                               \
-    (uint64_t spec, zqgopher_IString* task, zqerr_Status* status))                              \
-  X(int32_t, ChannelSpecification_getChannelType, (uint64_t spec, zqerr_Status* status))        \
+    (uint64_t definition, zqgopher_IString* task, zqerr_Status* status))                              \
+  X(int32_t, ChannelSpecification_getChannelType, (uint64_t definition, zqerr_Status* status))        \
   /* bytes */                                                                                   \
   X(void, ChannelSpecification_getChannelAttributeDataBlock,                                    \
-    (uint64_t spec, zqgopher_IString* block, zqerr_Status* status))                             \
+    (uint64_t definition, zqgopher_IString* block, zqerr_Status* status))                             \
   X(void, ChannelSpecification_getBufferAttributeDataBlock,                                     \
-    (uint64_t spec, zqgopher_IString* block, zqerr_Status* status))                             \
+    (uint64_t definition, zqgopher_IString* block, zqerr_Status* status))                             \
   /* text */                                                                                    \
   X(void, ChannelSpecification_getChannelDependencyList,                                        \
-    (uint64_t spec, zqgopher_IItemAdder* names, zqerr_Status* status))                          \
+    (uint64_t definition, zqgopher_IItemAdder* names, zqerr_Status* status))                          \
   X(void, ChannelSpecification_getExpertLoadedChannelDependencyList,                            \
-    (uint64_t spec, zqgopher_IItemAdder* names, zqerr_Status* status))                          \
+    (uint64_t definition, zqgopher_IItemAdder* names, zqerr_Status* status))                          \
   X(void, ChannelSpecification_getChannelNameTable,                                             \
-    (uint64_t spec, zqgopher_IItemAdder* names, zqerr_Status* status))                          \
-  X(void, ChannelSpecification_getAuthor, (uint64_t spec, zqgopher_IString* author, zqerr_Status* status)) \
-  X(bool, ChannelSpecification_isLockedInQex, (uint64_t spec, zqerr_Status* status))            \
-  X(bool, ChannelSpecification_isDeletionFromQexProhibited, (uint64_t spec, zqerr_Status* status)) \
-  X(bool, ChannelSpecification_wasSavedFromApi, (uint64_t spec, zqerr_Status* status))          \
-  X(void, ChannelSpecification_setName, (uint64_t spec, const char* name, zqerr_Status* status)) \
+    (uint64_t definition, zqgopher_IItemAdder* names, zqerr_Status* status))                          \
+  X(void, ChannelSpecification_getAuthor, (uint64_t definition, zqgopher_IString* author, zqerr_Status* status)) \
+  X(bool, ChannelSpecification_isLockedInQex, (uint64_t definition, zqerr_Status* status))            \
+  X(bool, ChannelSpecification_isDeletionFromQexProhibited, (uint64_t definition, zqerr_Status* status)) \
+  X(bool, ChannelSpecification_wasSavedFromApi, (uint64_t definition, zqerr_Status* status))          \
+  X(void, ChannelSpecification_setName, (uint64_t definition, const char* name, zqerr_Status* status)) \
   /* views of const char* */                                                                    \
   X(void, ChannelSpecification_setScaleNameList,                                                \
-    (uint64_t spec, const zqgopher_ArrayView* names, zqerr_Status* status))                     \
+    (uint64_t definition, const zqgopher_ArrayView* names, zqerr_Status* status))                     \
   X(void, ChannelSpecification_setCustomScaleName,                                              \
-    (uint64_t spec, const char* name, zqerr_Status* status))                                    \
+    (uint64_t definition, const char* name, zqerr_Status* status))                                    \
   X(void, ChannelSpecification_setEndpointDeviceIdentifier,                                     \
-    (uint64_t spec, const char* device, zqerr_Status* status))                                  \
+    (uint64_t definition, const char* device, zqerr_Status* status))                                  \
   X(void, ChannelSpecification_setPhysicalChannelNameList,                                      \
-    (uint64_t spec, const zqgopher_ArrayView* names, zqerr_Status* status))                     \
+    (uint64_t definition, const zqgopher_ArrayView* names, zqerr_Status* status))                     \
   /* view of uint32_t */                                                                        \
   X(void, ChannelSpecification_setProductIDList,                                                \
-    (uint64_t spec, const zqgopher_ArrayView* productIds, zqerr_Status* status))                \
-  X(void, ChannelSpecification_setIsGlobal, (uint64_t spec, bool isGlobal, zqerr_Status* status)) \
-  X(void, ChannelSpecification_setVerified, (uint64_t spec, bool verified, zqerr_Status* status)) \
+    (uint64_t definition, const zqgopher_ArrayView* productIds, zqerr_Status* status))                \
+  X(void, ChannelSpecification_setIsGlobal, (uint64_t definition, bool isGlobal, zqerr_Status* status)) \
+  X(void, ChannelSpecification_setVerified, (uint64_t definition, bool verified, zqerr_Status* status)) \
   X(void, ChannelSpecification_setParentTaskName,                                               \
-    (uint64_t spec, const char* task, zqerr_Status* status))                                    \
-  X(void, ChannelSpecification_setChannelType, (uint64_t spec, int32_t type, zqerr_Status* status)) \
+    (uint64_t definition, const char* task, zqerr_Status* status))                                    \
+  X(void, ChannelSpecification_setChannelType, (uint64_t definition, int32_t type, zqerr_Status* status)) \
   X(void, ChannelSpecification_setChannelAttributeDataBlock,                                    \
-    (uint64_t spec, const void* data, uint64_t size, zqerr_Status* status))                     \
+    (uint64_t definition, const void* data, uint64_t size, zqerr_Status* status))                     \
   X(void, ChannelSpecification_setBufferAttributeDataBlock,                                     \
-    (uint64_t spec, const void* data, uint64_t size, zqerr_Status* status))                     \
+    (uint64_t definition, const void* data, uint64_t size, zqerr_Status* status))                     \
   X(void, ChannelSpecification_setChannelDependencyList,                                        \
-    (uint64_t spec, const zqgopher_ArrayView* names, zqerr_Status* status))                     \
+    (uint64_t definition, const zqgopher_ArrayView* names, zqerr_Status* status))                     \
   X(void, ChannelSpecification_setExpertLoadedChannelDependencyList,                            \
-    (uint64_t spec, const zqgopher_ArrayView* names, zqerr_Status* status))                     \
+    (uint64_t definition, const zqgopher_ArrayView* names, zqerr_Status* status))                     \
   X(void, ChannelSpecification_setChannelNameTable,                                             \
-    (uint64_t spec, const zqgopher_ArrayView* names, zqerr_Status* status))                     \
-  X(void, ChannelSpecification_setAuthor, (uint64_t spec, const char* author, zqerr_Status* status)) \
-  X(void, ChannelSpecification_setQexLockStatus, (uint64_t spec, bool locked, zqerr_Status* status)) \
+    (uint64_t definition, const zqgopher_ArrayView* names, zqerr_Status* status))                     \
+  X(void, ChannelSpecification_setAuthor, (uint64_t definition, const char* author, zqerr_Status* status)) \
+  X(void, ChannelSpecification_setQexLockStatus, (uint64_t definition, bool locked, zqerr_Status* status)) \
   X(void, ChannelSpecification_setQexDeleteStatus,                                              \
-    (uint64_t spec, bool deletionProhibited, zqerr_Status* status))                             \
-  X(void, ChannelSpecification_setSavedFromApi, (uint64_t spec, bool savedFromApi, zqerr_Status* status))
+    (uint64_t definition, bool deletionProhibited, zqerr_Status* status))                             \
+  X(void, ChannelSpecification_setSavedFromApi, (uint64_t definition, bool savedFromApi, zqerr_Status* status))
 
 /* ---- ChannelTaskSpecification (28) ------------------------------------------------------ */
 
 #define ZQVOREX_STORAGE_CHANNEL_TASK_SPECIFICATION_OPERATIONS(X)                                \
-  X(void, ChannelTaskSpecification_getName, (uint64_t spec, zqgopher_IString* name, zqerr_Status* status)) \
-  X(bool, ChannelTaskSpecification_wasVerified, (uint64_t spec, zqerr_Status* status))          \
+  X(void, ChannelTaskSpecification_getName, (uint64_t definition, zqgopher_IString* name, zqerr_Status* status)) \
+  X(bool, ChannelTaskSpecification_wasVerified, (uint64_t definition, zqerr_Status* status))          \
   /* Two text lists of equal length, in the task's channel order: the channel names, and for    \
    * each channel the name of the global channel it uses, or "" for a channel of its own. */    \
   X(void, ChannelTaskSpecification_getChannelDataList,                                          \
-    (uint64_t spec, zqgopher_IItemAdder* channels, zqgopher_IItemAdder* globalChannels,         \
+    (uint64_t definition, zqgopher_IItemAdder* channels, zqgopher_IItemAdder* globalChannels,         \
      zqerr_Status* status))                                                                     \
   /* text */                                                                                    \
   X(void, ChannelTaskSpecification_getChannelNameTable,                                         \
-    (uint64_t spec, zqgopher_IItemAdder* names, zqerr_Status* status))                          \
+    (uint64_t definition, zqgopher_IItemAdder* names, zqerr_Status* status))                          \
   X(void, ChannelTaskSpecification_getScaleNameTable,                                           \
-    (uint64_t spec, zqgopher_IItemAdder* names, zqerr_Status* status))                          \
+    (uint64_t definition, zqgopher_IItemAdder* names, zqerr_Status* status))                          \
   /* bytes */                                                                                   \
   X(void, ChannelTaskSpecification_getDeviceAttributeDataBlock,                                 \
-    (uint64_t spec, zqgopher_IString* block, zqerr_Status* status))                             \
+    (uint64_t definition, zqgopher_IString* block, zqerr_Status* status))                             \
   X(void, ChannelTaskSpecification_getTimingAttributeDataBlock,                                 \
-    (uint64_t spec, zqgopher_IString* block, zqerr_Status* status))                             \
+    (uint64_t definition, zqgopher_IString* block, zqerr_Status* status))                             \
   X(void, ChannelTaskSpecification_getReadAttributeDataBlock,                                   \
-    (uint64_t spec, zqgopher_IString* block, zqerr_Status* status))                             \
+    (uint64_t definition, zqgopher_IString* block, zqerr_Status* status))                             \
   X(void, ChannelTaskSpecification_getWriteAttributeDataBlock,                                  \
-    (uint64_t spec, zqgopher_IString* block, zqerr_Status* status))                             \
-  X(void, ChannelTaskSpecification_getAuthor, (uint64_t spec, zqgopher_IString* author, zqerr_Status* status)) \
-  X(bool, ChannelTaskSpecification_isLockedInQex, (uint64_t spec, zqerr_Status* status))        \
-  X(bool, ChannelTaskSpecification_isDeletionFromQexProhibited, (uint64_t spec, zqerr_Status* status)) \
+    (uint64_t definition, zqgopher_IString* block, zqerr_Status* status))                             \
+  X(void, ChannelTaskSpecification_getAuthor, (uint64_t definition, zqgopher_IString* author, zqerr_Status* status)) \
+  X(bool, ChannelTaskSpecification_isLockedInQex, (uint64_t definition, zqerr_Status* status))        \
+  X(bool, ChannelTaskSpecification_isDeletionFromQexProhibited, (uint64_t definition, zqerr_Status* status)) \
   X(void, ChannelTaskSpecification_getTaskDescription,                                          \
-    (uint64_t spec, zqgopher_IString* description, zqerr_Status* status))                       \
-  X(bool, ChannelTaskSpecification_wasSavedFromApi, (uint64_t spec, zqerr_Status* status))      \
-  X(void, ChannelTaskSpecification_setName, (uint64_t spec, const char* name, zqerr_Status* status)) \
-  X(void, ChannelTaskSpecification_setVerified, (uint64_t spec, bool verified, zqerr_Status* status)) \
+    (uint64_t definition, zqgopher_IString* description, zqerr_Status* status))                       \
+  X(bool, ChannelTaskSpecification_wasSavedFromApi, (uint64_t definition, zqerr_Status* status))      \
+  X(void, ChannelTaskSpecification_setName, (uint64_t definition, const char* name, zqerr_Status* status)) \
+  X(void, ChannelTaskSpecification_setVerified, (uint64_t definition, bool verified, zqerr_Status* status)) \
   /* Views of const char*; globalChannels may be null or empty (all channels the task's own),   \
    * else of the same count as channels (-52005 otherwise). */                                  \
   X(void, ChannelTaskSpecification_setChannelDataList,                                          \
-    (uint64_t spec, const zqgopher_ArrayView* channels, const zqgopher_ArrayView* globalChannels, \
+    (uint64_t definition, const zqgopher_ArrayView* channels, const zqgopher_ArrayView* globalChannels, \
      zqerr_Status* status))                                                                     \
   X(void, ChannelTaskSpecification_setChannelNameTable,                                         \
-    (uint64_t spec, const zqgopher_ArrayView* names, zqerr_Status* status))                     \
+    (uint64_t definition, const zqgopher_ArrayView* names, zqerr_Status* status))                     \
   X(void, ChannelTaskSpecification_setScaleNameTable,                                           \
-    (uint64_t spec, const zqgopher_ArrayView* names, zqerr_Status* status))                     \
+    (uint64_t definition, const zqgopher_ArrayView* names, zqerr_Status* status))                     \
   X(void, ChannelTaskSpecification_setDeviceAttributeDataBlock,                                 \
-    (uint64_t spec, const void* data, uint64_t size, zqerr_Status* status))                     \
+    (uint64_t definition, const void* data, uint64_t size, zqerr_Status* status))                     \
   X(void, ChannelTaskSpecification_setTimingAttributeDataBlock,                                 \
-    (uint64_t spec, const void* data, uint64_t size, zqerr_Status* status))                     \
+    (uint64_t definition, const void* data, uint64_t size, zqerr_Status* status))                     \
   X(void, ChannelTaskSpecification_setReadAttributeDataBlock,                                   \
-    (uint64_t spec, const void* data, uint64_t size, zqerr_Status* status))                     \
+    (uint64_t definition, const void* data, uint64_t size, zqerr_Status* status))                     \
   X(void, ChannelTaskSpecification_setWriteAttributeDataBlock,                                  \
-    (uint64_t spec, const void* data, uint64_t size, zqerr_Status* status))                     \
-  X(void, ChannelTaskSpecification_setAuthor, (uint64_t spec, const char* author, zqerr_Status* status)) \
-  X(void, ChannelTaskSpecification_setQexLockStatus, (uint64_t spec, bool locked, zqerr_Status* status)) \
+    (uint64_t definition, const void* data, uint64_t size, zqerr_Status* status))                     \
+  X(void, ChannelTaskSpecification_setAuthor, (uint64_t definition, const char* author, zqerr_Status* status)) \
+  X(void, ChannelTaskSpecification_setQexLockStatus, (uint64_t definition, bool locked, zqerr_Status* status)) \
   X(void, ChannelTaskSpecification_setQexDeleteStatus,                                          \
-    (uint64_t spec, bool deletionProhibited, zqerr_Status* status))                             \
+    (uint64_t definition, bool deletionProhibited, zqerr_Status* status))                             \
   X(void, ChannelTaskSpecification_setTaskDescription,                                          \
-    (uint64_t spec, const char* description, zqerr_Status* status))                             \
-  X(void, ChannelTaskSpecification_setSavedFromApi, (uint64_t spec, bool savedFromApi, zqerr_Status* status))
+    (uint64_t definition, const char* description, zqerr_Status* status))                             \
+  X(void, ChannelTaskSpecification_setSavedFromApi, (uint64_t definition, bool savedFromApi, zqerr_Status* status))
 
 /* ---- Capabilities: device classes (9) --------------------------------------------------- */
 

@@ -9,41 +9,41 @@ using namespace zqstorage;
 
 // One getter and one setter for each kind of field.
 #define ZQS_CHANNEL_TEXT(Get, Set, field)                                                                  \
-  ZQS_EXPORT void zqvorexStorage_ChannelSpecification_##Get(uint64_t spec, zqgopher_IString* out,         \
+  ZQS_EXPORT void zqvorexStorage_ChannelSpecification_##Get(uint64_t definition, zqgopher_IString* out,         \
                                                             zqerr_Status* status) {                        \
-    guardedVoid(status, [&] { putText(out, channelSpec(spec)->field, status); });                          \
+    guardedVoid(status, [&] { putText(out, channelSpec(definition)->field, status); });                          \
   }                                                                                                        \
-  ZQS_EXPORT void zqvorexStorage_ChannelSpecification_##Set(uint64_t spec, const char* value,             \
+  ZQS_EXPORT void zqvorexStorage_ChannelSpecification_##Set(uint64_t definition, const char* value,             \
                                                             zqerr_Status* status) {                        \
-    guardedVoid(status, [&] { channelSpec(spec)->field = textIn(value); });                                \
+    guardedVoid(status, [&] { channelSpec(definition)->field = textIn(value); });                                \
   }
 
 #define ZQS_CHANNEL_BLOCK(Get, Set, field)                                                                 \
-  ZQS_EXPORT void zqvorexStorage_ChannelSpecification_##Get(uint64_t spec, zqgopher_IString* out,         \
+  ZQS_EXPORT void zqvorexStorage_ChannelSpecification_##Get(uint64_t definition, zqgopher_IString* out,         \
                                                             zqerr_Status* status) {                        \
-    guardedVoid(status, [&] { putText(out, channelSpec(spec)->field, status); });                          \
+    guardedVoid(status, [&] { putText(out, channelSpec(definition)->field, status); });                          \
   }                                                                                                        \
-  ZQS_EXPORT void zqvorexStorage_ChannelSpecification_##Set(uint64_t spec, const void* data, uint64_t size, \
+  ZQS_EXPORT void zqvorexStorage_ChannelSpecification_##Set(uint64_t definition, const void* data, uint64_t size, \
                                                             zqerr_Status* status) {                        \
-    guardedVoid(status, [&] { channelSpec(spec)->field = bytesIn(data, size); });                          \
+    guardedVoid(status, [&] { channelSpec(definition)->field = bytesIn(data, size); });                          \
   }
 
 #define ZQS_CHANNEL_LIST(Get, Set, field)                                                                  \
-  ZQS_EXPORT void zqvorexStorage_ChannelSpecification_##Get(uint64_t spec, zqgopher_IItemAdder* out,      \
+  ZQS_EXPORT void zqvorexStorage_ChannelSpecification_##Get(uint64_t definition, zqgopher_IItemAdder* out,      \
                                                             zqerr_Status* status) {                        \
-    guardedVoid(status, [&] { putStrings(out, channelSpec(spec)->field, status); });                       \
+    guardedVoid(status, [&] { putStrings(out, channelSpec(definition)->field, status); });                       \
   }                                                                                                        \
-  ZQS_EXPORT void zqvorexStorage_ChannelSpecification_##Set(uint64_t spec, const zqgopher_ArrayView* names, \
+  ZQS_EXPORT void zqvorexStorage_ChannelSpecification_##Set(uint64_t definition, const zqgopher_ArrayView* names, \
                                                             zqerr_Status* status) {                        \
-    guardedVoid(status, [&] { channelSpec(spec)->field = stringsIn(names); });                             \
+    guardedVoid(status, [&] { channelSpec(definition)->field = stringsIn(names); });                             \
   }
 
 #define ZQS_CHANNEL_FLAG(Get, Set, field)                                                                  \
-  ZQS_EXPORT bool zqvorexStorage_ChannelSpecification_##Get(uint64_t spec, zqerr_Status* status) {        \
-    return guarded(status, false, [&] { return channelSpec(spec)->field; });                               \
+  ZQS_EXPORT bool zqvorexStorage_ChannelSpecification_##Get(uint64_t definition, zqerr_Status* status) {        \
+    return guarded(status, false, [&] { return channelSpec(definition)->field; });                               \
   }                                                                                                        \
-  ZQS_EXPORT void zqvorexStorage_ChannelSpecification_##Set(uint64_t spec, bool value, zqerr_Status* status) { \
-    guardedVoid(status, [&] { channelSpec(spec)->field = value; });                                        \
+  ZQS_EXPORT void zqvorexStorage_ChannelSpecification_##Set(uint64_t definition, bool value, zqerr_Status* status) { \
+    guardedVoid(status, [&] { channelSpec(definition)->field = value; });                                        \
   }
 
 ZQS_CHANNEL_TEXT(getName, setName, name)
@@ -64,23 +64,23 @@ ZQS_CHANNEL_FLAG(isLockedInQex, setQexLockStatus, qexLocked)
 ZQS_CHANNEL_FLAG(isDeletionFromQexProhibited, setQexDeleteStatus, qexDeleteProhibited)
 ZQS_CHANNEL_FLAG(wasSavedFromApi, setSavedFromApi, savedFromApi)
 
-ZQS_EXPORT void zqvorexStorage_ChannelSpecification_getProductIDList(uint64_t spec, zqgopher_IItemAdder* productIds,
+ZQS_EXPORT void zqvorexStorage_ChannelSpecification_getProductIDList(uint64_t definition, zqgopher_IItemAdder* productIds,
                                                                      zqerr_Status* status) {
-  guardedVoid(status, [&] { putU32s(productIds, channelSpec(spec)->productIds, status); });
+  guardedVoid(status, [&] { putU32s(productIds, channelSpec(definition)->productIds, status); });
 }
 
-ZQS_EXPORT void zqvorexStorage_ChannelSpecification_setProductIDList(uint64_t spec, const zqgopher_ArrayView* productIds,
+ZQS_EXPORT void zqvorexStorage_ChannelSpecification_setProductIDList(uint64_t definition, const zqgopher_ArrayView* productIds,
                                                                      zqerr_Status* status) {
   guardedVoid(status, [&] {
     const std::vector<int64_t> ids = u32sIn(productIds);
-    channelSpec(spec)->productIds.assign(ids.begin(), ids.end());
+    channelSpec(definition)->productIds.assign(ids.begin(), ids.end());
   });
 }
 
-ZQS_EXPORT int32_t zqvorexStorage_ChannelSpecification_getChannelType(uint64_t spec, zqerr_Status* status) {
-  return guarded(status, int32_t{0}, [&] { return channelSpec(spec)->channelType; });
+ZQS_EXPORT int32_t zqvorexStorage_ChannelSpecification_getChannelType(uint64_t definition, zqerr_Status* status) {
+  return guarded(status, int32_t{0}, [&] { return channelSpec(definition)->channelType; });
 }
 
-ZQS_EXPORT void zqvorexStorage_ChannelSpecification_setChannelType(uint64_t spec, int32_t type, zqerr_Status* status) {
-  guardedVoid(status, [&] { channelSpec(spec)->channelType = type; });
+ZQS_EXPORT void zqvorexStorage_ChannelSpecification_setChannelType(uint64_t definition, int32_t type, zqerr_Status* status) {
+  guardedVoid(status, [&] { channelSpec(definition)->channelType = type; });
 }

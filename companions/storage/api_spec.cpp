@@ -5,7 +5,7 @@
 #include "boundary_io.h"
 #include "guard.h"
 #include "handles.h"
-#include "specs.h"
+#include "stored_definitions.h"
 
 using namespace zqstorage;
 
@@ -13,17 +13,17 @@ namespace {
 
 constexpr uint64_t kNone = 0;
 
-template <class Spec>
-uint64_t handOut(const std::optional<Spec>& spec);
+template <class Definition>
+uint64_t handOut(const std::optional<Definition>& definition);
 
 template <>
-uint64_t handOut(const std::optional<ChannelSpec>& spec) {
-  return spec ? addChannelSpec(std::make_shared<ChannelSpec>(*spec)) : kNone;
+uint64_t handOut(const std::optional<ChannelSpec>& definition) {
+  return definition ? addChannelSpec(std::make_shared<ChannelSpec>(*definition)) : kNone;
 }
 
 template <>
-uint64_t handOut(const std::optional<TaskSpec>& spec) {
-  return spec ? addTaskSpec(std::make_shared<TaskSpec>(*spec)) : kNone;
+uint64_t handOut(const std::optional<TaskSpec>& definition) {
+  return definition ? addTaskSpec(std::make_shared<TaskSpec>(*definition)) : kNone;
 }
 
 }  // namespace
@@ -80,15 +80,15 @@ ZQS_EXPORT void zqvorexStorage_revert(uint64_t token, zqerr_Status* status) {
 
 ZQS_EXPORT void zqvorexStorage_setChannelSpecification(uint64_t token, uint64_t specification, zqerr_Status* status) {
   guardedVoid(status, [&] {
-    const auto spec = channelSpec(specification);
-    writeWith(token, [&](Database& db) { storeChannel(db, *spec, false); });
+    const auto definition = channelSpec(specification);
+    writeWith(token, [&](Database& db) { storeChannel(db, *definition, false); });
   });
 }
 
 ZQS_EXPORT void zqvorexStorage_addChannel(uint64_t token, uint64_t specification, zqerr_Status* status) {
   guardedVoid(status, [&] {
-    const auto spec = channelSpec(specification);
-    writeWith(token, [&](Database& db) { storeChannel(db, *spec, true); });
+    const auto definition = channelSpec(specification);
+    writeWith(token, [&](Database& db) { storeChannel(db, *definition, true); });
   });
 }
 
@@ -103,15 +103,15 @@ ZQS_EXPORT void zqvorexStorage_deleteChannelByTaskAndChan(uint64_t token, const 
 
 ZQS_EXPORT void zqvorexStorage_setTaskSpecification(uint64_t token, uint64_t specification, zqerr_Status* status) {
   guardedVoid(status, [&] {
-    const auto spec = taskSpec(specification);
-    writeWith(token, [&](Database& db) { storeTask(db, *spec, false); });
+    const auto definition = taskSpec(specification);
+    writeWith(token, [&](Database& db) { storeTask(db, *definition, false); });
   });
 }
 
 ZQS_EXPORT void zqvorexStorage_addTask(uint64_t token, uint64_t specification, zqerr_Status* status) {
   guardedVoid(status, [&] {
-    const auto spec = taskSpec(specification);
-    writeWith(token, [&](Database& db) { storeTask(db, *spec, true); });
+    const auto definition = taskSpec(specification);
+    writeWith(token, [&](Database& db) { storeTask(db, *definition, true); });
   });
 }
 

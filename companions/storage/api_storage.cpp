@@ -6,7 +6,7 @@
 #include "guard.h"
 #include "handles.h"
 #include "properties.h"
-#include "specs.h"
+#include "stored_definitions.h"
 
 using namespace zqstorage;
 

@@ -8,41 +8,41 @@
 using namespace zqstorage;
 
 #define ZQS_TASK_TEXT(Get, Set, field)                                                                         \
-  ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_##Get(uint64_t spec, zqgopher_IString* out,         \
+  ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_##Get(uint64_t definition, zqgopher_IString* out,         \
                                                                 zqerr_Status* status) {                        \
-    guardedVoid(status, [&] { putText(out, taskSpec(spec)->field, status); });                                 \
+    guardedVoid(status, [&] { putText(out, taskSpec(definition)->field, status); });                                 \
   }                                                                                                            \
-  ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_##Set(uint64_t spec, const char* value,             \
+  ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_##Set(uint64_t definition, const char* value,             \
                                                                 zqerr_Status* status) {                        \
-    guardedVoid(status, [&] { taskSpec(spec)->field = textIn(value); });                                       \
+    guardedVoid(status, [&] { taskSpec(definition)->field = textIn(value); });                                       \
   }
 
 #define ZQS_TASK_BLOCK(Get, Set, field)                                                                        \
-  ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_##Get(uint64_t spec, zqgopher_IString* out,         \
+  ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_##Get(uint64_t definition, zqgopher_IString* out,         \
                                                                 zqerr_Status* status) {                        \
-    guardedVoid(status, [&] { putText(out, taskSpec(spec)->field, status); });                                 \
+    guardedVoid(status, [&] { putText(out, taskSpec(definition)->field, status); });                                 \
   }                                                                                                            \
-  ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_##Set(uint64_t spec, const void* data, uint64_t size, \
+  ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_##Set(uint64_t definition, const void* data, uint64_t size, \
                                                                 zqerr_Status* status) {                        \
-    guardedVoid(status, [&] { taskSpec(spec)->field = bytesIn(data, size); });                                 \
+    guardedVoid(status, [&] { taskSpec(definition)->field = bytesIn(data, size); });                                 \
   }
 
 #define ZQS_TASK_LIST(Get, Set, field)                                                                         \
-  ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_##Get(uint64_t spec, zqgopher_IItemAdder* out,      \
+  ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_##Get(uint64_t definition, zqgopher_IItemAdder* out,      \
                                                                 zqerr_Status* status) {                        \
-    guardedVoid(status, [&] { putStrings(out, taskSpec(spec)->field, status); });                              \
+    guardedVoid(status, [&] { putStrings(out, taskSpec(definition)->field, status); });                              \
   }                                                                                                            \
-  ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_##Set(uint64_t spec, const zqgopher_ArrayView* names, \
+  ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_##Set(uint64_t definition, const zqgopher_ArrayView* names, \
                                                                 zqerr_Status* status) {                        \
-    guardedVoid(status, [&] { taskSpec(spec)->field = stringsIn(names); });                                    \
+    guardedVoid(status, [&] { taskSpec(definition)->field = stringsIn(names); });                                    \
   }
 
 #define ZQS_TASK_FLAG(Get, Set, field)                                                                         \
-  ZQS_EXPORT bool zqvorexStorage_ChannelTaskSpecification_##Get(uint64_t spec, zqerr_Status* status) {        \
-    return guarded(status, false, [&] { return taskSpec(spec)->field; });                                      \
+  ZQS_EXPORT bool zqvorexStorage_ChannelTaskSpecification_##Get(uint64_t definition, zqerr_Status* status) {        \
+    return guarded(status, false, [&] { return taskSpec(definition)->field; });                                      \
   }                                                                                                            \
-  ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_##Set(uint64_t spec, bool value, zqerr_Status* status) { \
-    guardedVoid(status, [&] { taskSpec(spec)->field = value; });                                               \
+  ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_##Set(uint64_t definition, bool value, zqerr_Status* status) { \
+    guardedVoid(status, [&] { taskSpec(definition)->field = value; });                                               \
   }
 
 ZQS_TASK_TEXT(getName, setName, name)
@@ -59,18 +59,18 @@ ZQS_TASK_FLAG(isDeletionFromQexProhibited, setQexDeleteStatus, qexDeleteProhibit
 ZQS_TASK_TEXT(getTaskDescription, setTaskDescription, description)
 ZQS_TASK_FLAG(wasSavedFromApi, setSavedFromApi, savedFromApi)
 
-ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_getChannelDataList(uint64_t spec, zqgopher_IItemAdder* channels,
+ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_getChannelDataList(uint64_t definition, zqgopher_IItemAdder* channels,
                                                                            zqgopher_IItemAdder* globalChannels,
                                                                            zqerr_Status* status) {
   guardedVoid(status, [&] {
-    TaskSpec copy = *taskSpec(spec);
+    TaskSpec copy = *taskSpec(definition);
     normaliseChannelList(copy);
     putStrings(channels, copy.channels, status);
     if (globalChannels) putStrings(globalChannels, copy.globalChannels, status);
   });
 }
 
-ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_setChannelDataList(uint64_t spec, const zqgopher_ArrayView* channels,
+ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_setChannelDataList(uint64_t definition, const zqgopher_ArrayView* channels,
                                                                            const zqgopher_ArrayView* globalChannels,
                                                                            zqerr_Status* status) {
   guardedVoid(status, [&] {
@@ -80,7 +80,7 @@ ZQS_EXPORT void zqvorexStorage_ChannelTaskSpecification_setChannelDataList(uint6
       fail(kInvalidParameter, ZQS_HERE, "the global channel list must be empty or as long as the channel list");
     }
     globals.resize(names.size());
-    const auto target = taskSpec(spec);
+    const auto target = taskSpec(definition);
     target->channels = std::move(names);
     target->globalChannels = std::move(globals);
   });

@@ -148,19 +148,19 @@ Target resolve(uint64_t handle) {
   badHandle("session or lock", handle);
 }
 
-uint64_t addChannelSpec(std::shared_ptr<ChannelSpec> spec) { return channelSpecs().add(std::move(spec)); }
-uint64_t addTaskSpec(std::shared_ptr<TaskSpec> spec) { return taskSpecs().add(std::move(spec)); }
+uint64_t addChannelSpec(std::shared_ptr<ChannelSpec> definition) { return channelSpecs().add(std::move(definition)); }
+uint64_t addTaskSpec(std::shared_ptr<TaskSpec> definition) { return taskSpecs().add(std::move(definition)); }
 
 std::shared_ptr<ChannelSpec> channelSpec(uint64_t handle) {
-  auto spec = channelSpecs().find(handle);
-  if (!spec) badHandle("channel specification", handle);
-  return spec;
+  auto definition = channelSpecs().find(handle);
+  if (!definition) badHandle("channel specification", handle);
+  return definition;
 }
 
 std::shared_ptr<TaskSpec> taskSpec(uint64_t handle) {
-  auto spec = taskSpecs().find(handle);
-  if (!spec) badHandle("task specification", handle);
-  return spec;
+  auto definition = taskSpecs().find(handle);
+  if (!definition) badHandle("task specification", handle);
+  return definition;
 }
 
 void destroyChannelSpec(uint64_t handle) {

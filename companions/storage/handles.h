@@ -9,7 +9,7 @@
 #include <mutex>
 
 #include "session.h"
-#include "specs.h"
+#include "stored_definitions.h"
 
 namespace zqstorage {
 
@@ -82,8 +82,8 @@ auto writeWith(uint64_t handle, F&& body) {
 }
 
 // Specifications: copies in memory, owned through their handles.
-uint64_t addChannelSpec(std::shared_ptr<ChannelSpec> spec);
-uint64_t addTaskSpec(std::shared_ptr<TaskSpec> spec);
+uint64_t addChannelSpec(std::shared_ptr<ChannelSpec> definition);
+uint64_t addTaskSpec(std::shared_ptr<TaskSpec> definition);
 // -50004 for a handle that is not a live specification of the kind.
 std::shared_ptr<ChannelSpec> channelSpec(uint64_t handle);
 std::shared_ptr<TaskSpec> taskSpec(uint64_t handle);

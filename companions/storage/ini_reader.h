@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "specs.h"
+#include "stored_definitions.h"
 
 namespace zqstorage {
 

@@ -19,8 +19,8 @@ void TaskPluginSelector::resolveChannel(uint64_t specToken, const std::string& t
   // Not one of the task's own channels, or no task: a global channel of that name. The storage
   // finds global channels by name alone, so the global lookup also serves an empty task name.
   if (found == 0) found = storageSpec_->getChannelSpecificationByName(specToken, channel.c_str(), status);
-  AutoSpecification spec(storageSpec_, found, SpecificationKind::kChannel, status);
-  if (spec.get() == 0) {
+  AutoSpecification definition(storageSpec_, found, SpecificationKind::kChannel, status);
+  if (definition.get() == 0) {
     ZQ_FAIL(status, nZQMSTS100::kErrorVirtualChanDoesNotExist, "taskpluginselector", 318);
     // Takes only a status that nothing has set yet.
     ZQ_FAIL(status, nZQMSTS::kErrorGrafoInvalidTaskOrChans, "taskpluginselector", 320);
@@ -28,13 +28,13 @@ void TaskPluginSelector::resolveChannel(uint64_t specToken, const std::string& t
   }
   std::string device;
   zqgopher::StringAdapter deviceOut(device);
-  channelSpecification_->ChannelSpecification_getEndpointDeviceIdentifier(spec.get(), deviceOut.boundary(),
+  channelSpecification_->ChannelSpecification_getEndpointDeviceIdentifier(definition.get(), deviceOut.boundary(),
                                                                           status);
   // A channel without a device adds nothing; a task of only such channels has no device.
   if (zqerr::isOpen(status) && !device.empty()) devices->insert(device);
   std::vector<std::string> physical;
   zqgopher::ItemAdderAdapter<std::string> physicalOut(physical);
-  channelSpecification_->ChannelSpecification_getPhysicalChannelNameList(spec.get(), physicalOut.boundary(),
+  channelSpecification_->ChannelSpecification_getPhysicalChannelNameList(definition.get(), physicalOut.boundary(),
                                                                          status);
   if (zqerr::isOpen(status)) channels->insert(physical.begin(), physical.end());
 }

@@ -88,12 +88,12 @@ std::shared_ptr<zqvorexStorageCpp::Storage> makeFakeStorage() {
 }
 
 std::shared_ptr<zqvorexStorageCpp::StorageSpec> makeFakeStorageSpec() {
-  auto spec = std::make_shared<zqvorexStorageCpp::StorageSpec>();
-  put(*spec, "beginStorageSpecReadOperation", reinterpret_cast<void*>(&beginStorageSpecReadOperation));
-  put(*spec, "endStorageSpecReadOperation", reinterpret_cast<void*>(&endStorageSpecReadOperation));
-  put(*spec, "destroyChannelSpecification", reinterpret_cast<void*>(&destroyChannelSpecification));
-  put(*spec, "destroyTaskSpecification", reinterpret_cast<void*>(&destroyTaskSpecification));
-  return spec;
+  auto definition = std::make_shared<zqvorexStorageCpp::StorageSpec>();
+  put(*definition, "beginStorageSpecReadOperation", reinterpret_cast<void*>(&beginStorageSpecReadOperation));
+  put(*definition, "endStorageSpecReadOperation", reinterpret_cast<void*>(&endStorageSpecReadOperation));
+  put(*definition, "destroyChannelSpecification", reinterpret_cast<void*>(&destroyChannelSpecification));
+  put(*definition, "destroyTaskSpecification", reinterpret_cast<void*>(&destroyTaskSpecification));
+  return definition;
 }
 
 }  // namespace zqtest

@@ -144,9 +144,9 @@ void seeClassString(const char* url, uint32_t classId, uint32_t attribute, zqgop
           (value ? "value" : "null") + "," + std::to_string(status->code);
 }
 
-void seeDataList(uint64_t spec, zqgopher_IItemAdder* channels, zqgopher_IItemAdder* globals,
+void seeDataList(uint64_t definition, zqgopher_IItemAdder* channels, zqgopher_IItemAdder* globals,
                  zqerr_Status* status) {
-  gSeen = std::to_string(spec) + "," + (channels ? "channels" : "null") + "," +
+  gSeen = std::to_string(definition) + "," + (channels ? "channels" : "null") + "," +
           (globals ? "globals" : "null") + "," + std::to_string(status->code);
 }
 

@@ -208,13 +208,13 @@ TEST(StorageScopes, AReadLockEndsBeforeItsSession) {
 TEST(StorageScopes, EndsRunInReverseOrderWhenAnExceptionLeavesTheScope) {
   fakeState() = zqtest::FakeStorageState{};
   auto storage = zqtest::makeFakeStorage();
-  auto spec = zqtest::makeFakeStorageSpec();
+  auto definition = zqtest::makeFakeStorageSpec();
   zqerr::Status status;
   EXPECT_THROW(
       {
         sc::AutoStorageSession session(storage, 4, &status);
-        sc::AutoStorageSessionSpecReaderWithLock specReader(spec, session.get(), &status);
-        sc::AutoSpecification task(spec, 5, sc::SpecificationKind::kTask, &status);
+        sc::AutoStorageSessionSpecReaderWithLock specReader(definition, session.get(), &status);
+        sc::AutoSpecification task(definition, 5, sc::SpecificationKind::kTask, &status);
         throw std::runtime_error("leaving");
       },
       std::runtime_error);

@@ -8,7 +8,7 @@
 #include "device_classes.h"
 #include "ini_writer.h"
 #include "properties.h"
-#include "specs.h"
+#include "stored_definitions.h"
 #include "zqvorex_storage.h"
 
 namespace zqstorage::cli {

@@ -12,47 +12,47 @@ namespace {
 
 // A channel specification with every field set, through the setters.
 uint64_t fullChannel(const char* name, const char* task, zqerr_Status* status) {
-  const uint64_t spec = api().createChannelSpecification(status);
-  api().ChannelSpecification_setName(spec, name, status);
-  api().ChannelSpecification_setParentTaskName(spec, task, status);
-  api().ChannelSpecification_setScaleNameList(spec, NamesIn({"Scale A", "Scale, B"}).get(), status);
-  api().ChannelSpecification_setCustomScaleName(spec, "Custom", status);
-  api().ChannelSpecification_setEndpointDeviceIdentifier(spec, "SimDev1", status);
-  api().ChannelSpecification_setPhysicalChannelNameList(spec, NamesIn({"SimDev1/ai0", "SimDev1/ai1"}).get(), status);
+  const uint64_t definition = api().createChannelSpecification(status);
+  api().ChannelSpecification_setName(definition, name, status);
+  api().ChannelSpecification_setParentTaskName(definition, task, status);
+  api().ChannelSpecification_setScaleNameList(definition, NamesIn({"Scale A", "Scale, B"}).get(), status);
+  api().ChannelSpecification_setCustomScaleName(definition, "Custom", status);
+  api().ChannelSpecification_setEndpointDeviceIdentifier(definition, "SimDev1", status);
+  api().ChannelSpecification_setPhysicalChannelNameList(definition, NamesIn({"SimDev1/ai0", "SimDev1/ai1"}).get(), status);
   const uint32_t products[] = {0x7155, 7};
   const zqgopher_ArrayView productView{products, 2};
-  api().ChannelSpecification_setProductIDList(spec, &productView, status);
-  api().ChannelSpecification_setIsGlobal(spec, task[0] == '\0', status);
-  api().ChannelSpecification_setVerified(spec, true, status);
-  api().ChannelSpecification_setChannelType(spec, 10322, status);
+  api().ChannelSpecification_setProductIDList(definition, &productView, status);
+  api().ChannelSpecification_setIsGlobal(definition, task[0] == '\0', status);
+  api().ChannelSpecification_setVerified(definition, true, status);
+  api().ChannelSpecification_setChannelType(definition, 10322, status);
   const char block[] = {1, 0, 2, '\n', 3};
-  api().ChannelSpecification_setChannelAttributeDataBlock(spec, block, sizeof block, status);
-  api().ChannelSpecification_setBufferAttributeDataBlock(spec, "buffer=4096", 11, status);
-  api().ChannelSpecification_setChannelDependencyList(spec, NamesIn({"dep1"}).get(), status);
-  api().ChannelSpecification_setExpertLoadedChannelDependencyList(spec, NamesIn({"x1", "x2"}).get(), status);
-  api().ChannelSpecification_setChannelNameTable(spec, NamesIn({"n0", "n1"}).get(), status);
-  api().ChannelSpecification_setAuthor(spec, "bo", status);
-  api().ChannelSpecification_setQexLockStatus(spec, true, status);
-  api().ChannelSpecification_setQexDeleteStatus(spec, true, status);
-  api().ChannelSpecification_setSavedFromApi(spec, true, status);
-  return spec;
+  api().ChannelSpecification_setChannelAttributeDataBlock(definition, block, sizeof block, status);
+  api().ChannelSpecification_setBufferAttributeDataBlock(definition, "buffer=4096", 11, status);
+  api().ChannelSpecification_setChannelDependencyList(definition, NamesIn({"dep1"}).get(), status);
+  api().ChannelSpecification_setExpertLoadedChannelDependencyList(definition, NamesIn({"x1", "x2"}).get(), status);
+  api().ChannelSpecification_setChannelNameTable(definition, NamesIn({"n0", "n1"}).get(), status);
+  api().ChannelSpecification_setAuthor(definition, "bo", status);
+  api().ChannelSpecification_setQexLockStatus(definition, true, status);
+  api().ChannelSpecification_setQexDeleteStatus(definition, true, status);
+  api().ChannelSpecification_setSavedFromApi(definition, true, status);
+  return definition;
 }
 
 // Every field of a channel specification as one text, to compare two of them.
-std::string describeChannel(uint64_t spec, zqerr_Status* status) {
+std::string describeChannel(uint64_t definition, zqerr_Status* status) {
   std::string out;
   const auto text = [&](auto getter) {
     TextOut t;
-    getter(spec, t.get(), status);
+    getter(definition, t.get(), status);
     out += "[" + t.text + "]";
   };
   const auto names = [&](auto getter) {
     NamesOut n;
-    getter(spec, n.get(), status);
+    getter(definition, n.get(), status);
     for (const auto& item : n.items) out += "<" + item + ">";
     out += ";";
   };
-  const auto flag = [&](auto getter) { out += getter(spec, status) ? "T" : "F"; };
+  const auto flag = [&](auto getter) { out += getter(definition, status) ? "T" : "F"; };
   text(api().ChannelSpecification_getName);
   text(api().ChannelSpecification_getParentTaskName);
   names(api().ChannelSpecification_getScaleNameList);
@@ -60,11 +60,11 @@ std::string describeChannel(uint64_t spec, zqerr_Status* status) {
   text(api().ChannelSpecification_getEndpointDeviceIdentifier);
   names(api().ChannelSpecification_getPhysicalChannelNameList);
   U32sOut products;
-  api().ChannelSpecification_getProductIDList(spec, products.get(), status);
+  api().ChannelSpecification_getProductIDList(definition, products.get(), status);
   for (uint32_t p : products.items) out += std::to_string(p) + ",";
   flag(api().ChannelSpecification_isGlobal);
   flag(api().ChannelSpecification_wasVerified);
-  out += std::to_string(api().ChannelSpecification_getChannelType(spec, status));
+  out += std::to_string(api().ChannelSpecification_getChannelType(definition, status));
   text(api().ChannelSpecification_getChannelAttributeDataBlock);
   text(api().ChannelSpecification_getBufferAttributeDataBlock);
   names(api().ChannelSpecification_getChannelDependencyList);
@@ -78,10 +78,10 @@ std::string describeChannel(uint64_t spec, zqerr_Status* status) {
 }
 
 uint64_t taskNamed(const char* name, std::vector<std::string> channels, zqerr_Status* status) {
-  const uint64_t spec = api().createTaskSpecification(status);
-  api().ChannelTaskSpecification_setName(spec, name, status);
-  api().ChannelTaskSpecification_setChannelDataList(spec, NamesIn(channels).get(), nullptr, status);
-  return spec;
+  const uint64_t definition = api().createTaskSpecification(status);
+  api().ChannelTaskSpecification_setName(definition, name, status);
+  api().ChannelTaskSpecification_setChannelDataList(definition, NamesIn(channels).get(), nullptr, status);
+  return definition;
 }
 
 TEST(StorageSpecifications, ChannelFieldsRoundTripThroughTheStore) {
@@ -110,7 +110,7 @@ TEST(StorageSpecifications, ChannelFieldsRoundTripThroughTheStore) {
   const uint64_t clone = api().cloneChannelSpecification(readLocal, &status);
   api().ChannelSpecification_setAuthor(clone, "someone else", &status);
   EXPECT_EQ(describeChannel(readLocal, &status), describeChannel(local, &status));
-  for (uint64_t spec : {local, global, readLocal, readGlobal, clone}) api().destroyChannelSpecification(spec, &status);
+  for (uint64_t definition : {local, global, readLocal, readGlobal, clone}) api().destroyChannelSpecification(definition, &status);
   api().destroyTaskSpecification(task, &status);
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
 }
@@ -139,21 +139,21 @@ TEST(StorageSpecifications, NamesAreKeptUniqueAndDeletionsNeedAnObject) {
   const auto addTask = [](const char* name) {
     return [name](uint64_t token, zqerr_Status* s) {
       zqerr::Status local;
-      const uint64_t spec = taskNamed(name, {}, &local);
-      api().addTask(token, spec, s);
-      api().destroyTaskSpecification(spec, &local);
+      const uint64_t definition = taskNamed(name, {}, &local);
+      api().addTask(token, definition, s);
+      api().destroyTaskSpecification(definition, &local);
     };
   };
   const auto putChannel = [](const char* name, const char* task, bool add) {
     return [=](uint64_t token, zqerr_Status* s) {
       zqerr::Status local;
-      const uint64_t spec = fullChannel(name, task, &local);
+      const uint64_t definition = fullChannel(name, task, &local);
       if (add) {
-        api().addChannel(token, spec, s);
+        api().addChannel(token, definition, s);
       } else {
-        api().setChannelSpecification(token, spec, s);
+        api().setChannelSpecification(token, definition, s);
       }
-      api().destroyChannelSpecification(spec, &local);
+      api().destroyChannelSpecification(definition, &local);
     };
   };
   const std::vector<SpecWrite> cases = {
@@ -200,14 +200,14 @@ TEST(StorageSpecifications, SavedTasksAndChannelsAreObjectsOfTheStore) {
   {
     LockScope token(session.id, LockScope::kSpecWrite, &status);
     for (const char* name : {"Beta", "Alpha"}) {
-      const uint64_t spec = taskNamed(name, {"ai0"}, &status);
-      api().addTask(token.id, spec, &status);
-      api().destroyTaskSpecification(spec, &status);
+      const uint64_t definition = taskNamed(name, {"ai0"}, &status);
+      api().addTask(token.id, definition, &status);
+      api().destroyTaskSpecification(definition, &status);
     }
     for (const char* task : {"Beta", "Alpha"}) {
-      const uint64_t spec = fullChannel("ai0", task, &status);
-      api().addChannel(token.id, spec, &status);
-      api().destroyChannelSpecification(spec, &status);
+      const uint64_t definition = fullChannel("ai0", task, &status);
+      api().addChannel(token.id, definition, &status);
+      api().destroyChannelSpecification(definition, &status);
     }
     api().save(token.id, &status);
   }

@@ -1,6 +1,6 @@
 // Saved tasks and channels as specifications: plain records in memory, kept in the store as
 // properties of the task and channel objects (ids in a range of this library's own, listed in
-// spec_properties.h). A task's own channels are children of its object; global channels are
+// definition_properties.h). A task's own channels are children of its object; global channels are
 // channel objects at the top level.
 #pragma once
 
@@ -55,7 +55,7 @@ struct TaskSpec {
 };
 
 // Makes globalChannels as long as channels ("" for the missing ones); -52005 if it is longer.
-void normaliseChannelList(TaskSpec& spec);
+void normaliseChannelList(TaskSpec& definition);
 
 std::optional<TaskSpec> loadTask(Database& db, std::string_view name);
 TaskSpec loadTask(Database& db, const ObjectId& id);
@@ -65,10 +65,10 @@ ChannelSpec loadChannel(Database& db, const ObjectId& id);
 // -200485 for an unknown task.
 std::vector<std::string> localChannelNames(Database& db, std::string_view task);
 
-// Store under the spec's name; mustBeNew refuses a name in use (-200089 for a task, -52005 for
+// Store under the definition's name; mustBeNew refuses a name in use (-200089 for a task, -52005 for
 // a channel). A task keeps its local channels when it is replaced.
-ObjectId storeTask(Database& db, const TaskSpec& spec, bool mustBeNew);
-ObjectId storeChannel(Database& db, const ChannelSpec& spec, bool mustBeNew);
+ObjectId storeTask(Database& db, const TaskSpec& definition, bool mustBeNew);
+ObjectId storeChannel(Database& db, const ChannelSpec& definition, bool mustBeNew);
 
 void deleteTask(Database& db, std::string_view name);
 void deleteGlobalChannel(Database& db, std::string_view name);

@@ -1,9 +1,9 @@
-#include "specs.h"
+#include "stored_definitions.h"
 
 #include <map>
 
 #include "properties.h"
-#include "spec_properties.h"
+#include "definition_properties.h"
 
 namespace zqstorage {
 
@@ -63,47 +63,47 @@ class Writer {
   const ObjectId& id_;
 };
 
-void writeTask(Database& db, const ObjectId& id, const TaskSpec& spec) {
+void writeTask(Database& db, const ObjectId& id, const TaskSpec& definition) {
   removeProperties(db, id, kTaskFirst, kTaskLast);
   Writer w(db, id);
   w.i32(kTaskMark, static_cast<int32_t>(kLayoutVersion));
-  w.flag(kTaskVerified, spec.verified);
-  w.strings(kTaskChannels, spec.channels);
-  w.strings(kTaskGlobalChannels, spec.globalChannels);
-  w.strings(kTaskChannelNameTable, spec.channelNameTable);
-  w.strings(kTaskScaleNameTable, spec.scaleNameTable);
-  w.bytes(kTaskDeviceAttributes, spec.deviceAttributes);
-  w.bytes(kTaskTimingAttributes, spec.timingAttributes);
-  w.bytes(kTaskReadAttributes, spec.readAttributes);
-  w.bytes(kTaskWriteAttributes, spec.writeAttributes);
-  w.text(kTaskAuthor, spec.author);
-  w.flag(kTaskQexLocked, spec.qexLocked);
-  w.flag(kTaskQexDeleteProhibited, spec.qexDeleteProhibited);
-  w.text(kTaskDescription, spec.description);
-  w.flag(kTaskSavedFromApi, spec.savedFromApi);
+  w.flag(kTaskVerified, definition.verified);
+  w.strings(kTaskChannels, definition.channels);
+  w.strings(kTaskGlobalChannels, definition.globalChannels);
+  w.strings(kTaskChannelNameTable, definition.channelNameTable);
+  w.strings(kTaskScaleNameTable, definition.scaleNameTable);
+  w.bytes(kTaskDeviceAttributes, definition.deviceAttributes);
+  w.bytes(kTaskTimingAttributes, definition.timingAttributes);
+  w.bytes(kTaskReadAttributes, definition.readAttributes);
+  w.bytes(kTaskWriteAttributes, definition.writeAttributes);
+  w.text(kTaskAuthor, definition.author);
+  w.flag(kTaskQexLocked, definition.qexLocked);
+  w.flag(kTaskQexDeleteProhibited, definition.qexDeleteProhibited);
+  w.text(kTaskDescription, definition.description);
+  w.flag(kTaskSavedFromApi, definition.savedFromApi);
 }
 
-void writeChannel(Database& db, const ObjectId& id, const ChannelSpec& spec) {
+void writeChannel(Database& db, const ObjectId& id, const ChannelSpec& definition) {
   removeProperties(db, id, kChannelFirst, kChannelLast);
   Writer w(db, id);
   w.i32(kChannelMark, static_cast<int32_t>(kLayoutVersion));
-  w.strings(kChannelScaleNames, spec.scaleNames);
-  w.text(kChannelCustomScale, spec.customScaleName);
-  w.text(kChannelEndpointDevice, spec.endpointDevice);
-  w.strings(kChannelPhysicalChannels, spec.physicalChannels);
-  w.u32s(kChannelProductIds, spec.productIds);
-  w.flag(kChannelIsGlobal, spec.isGlobal);
-  w.flag(kChannelVerified, spec.verified);
-  w.i32(kChannelType, spec.channelType);
-  w.bytes(kChannelAttributes, spec.channelAttributes);
-  w.bytes(kChannelBufferAttributes, spec.bufferAttributes);
-  w.strings(kChannelDependencies, spec.dependencies);
-  w.strings(kChannelExpertDependencies, spec.expertDependencies);
-  w.strings(kChannelNameTable, spec.nameTable);
-  w.text(kChannelAuthor, spec.author);
-  w.flag(kChannelQexLocked, spec.qexLocked);
-  w.flag(kChannelQexDeleteProhibited, spec.qexDeleteProhibited);
-  w.flag(kChannelSavedFromApi, spec.savedFromApi);
+  w.strings(kChannelScaleNames, definition.scaleNames);
+  w.text(kChannelCustomScale, definition.customScaleName);
+  w.text(kChannelEndpointDevice, definition.endpointDevice);
+  w.strings(kChannelPhysicalChannels, definition.physicalChannels);
+  w.u32s(kChannelProductIds, definition.productIds);
+  w.flag(kChannelIsGlobal, definition.isGlobal);
+  w.flag(kChannelVerified, definition.verified);
+  w.i32(kChannelType, definition.channelType);
+  w.bytes(kChannelAttributes, definition.channelAttributes);
+  w.bytes(kChannelBufferAttributes, definition.bufferAttributes);
+  w.strings(kChannelDependencies, definition.dependencies);
+  w.strings(kChannelExpertDependencies, definition.expertDependencies);
+  w.strings(kChannelNameTable, definition.nameTable);
+  w.text(kChannelAuthor, definition.author);
+  w.flag(kChannelQexLocked, definition.qexLocked);
+  w.flag(kChannelQexDeleteProhibited, definition.qexDeleteProhibited);
+  w.flag(kChannelSavedFromApi, definition.savedFromApi);
 }
 
 std::optional<ObjectId> findTask(Database& db, std::string_view name) {
@@ -122,34 +122,34 @@ void checkSpecName(const std::string& name, const char* what) {
 
 }  // namespace
 
-void normaliseChannelList(TaskSpec& spec) {
-  if (spec.globalChannels.size() > spec.channels.size()) {
+void normaliseChannelList(TaskSpec& definition) {
+  if (definition.globalChannels.size() > definition.channels.size()) {
     fail(kInvalidParameter, ZQS_HERE, "a task lists more global channels than channels");
   }
-  spec.globalChannels.resize(spec.channels.size());
+  definition.globalChannels.resize(definition.channels.size());
 }
 
 TaskSpec loadTask(Database& db, const ObjectId& id) {
   const ObjectRow row = requireObject(db, id);
   const Bag bag(db, id);
-  TaskSpec spec;
-  spec.name = row.name;
-  spec.verified = bag.flag(kTaskVerified);
-  spec.channels = bag.strings(kTaskChannels);
-  spec.globalChannels = bag.strings(kTaskGlobalChannels);
-  spec.globalChannels.resize(spec.channels.size());
-  spec.channelNameTable = bag.strings(kTaskChannelNameTable);
-  spec.scaleNameTable = bag.strings(kTaskScaleNameTable);
-  spec.deviceAttributes = bag.bytes(kTaskDeviceAttributes);
-  spec.timingAttributes = bag.bytes(kTaskTimingAttributes);
-  spec.readAttributes = bag.bytes(kTaskReadAttributes);
-  spec.writeAttributes = bag.bytes(kTaskWriteAttributes);
-  spec.author = bag.bytes(kTaskAuthor);
-  spec.qexLocked = bag.flag(kTaskQexLocked);
-  spec.qexDeleteProhibited = bag.flag(kTaskQexDeleteProhibited);
-  spec.description = bag.bytes(kTaskDescription);
-  spec.savedFromApi = bag.flag(kTaskSavedFromApi);
-  return spec;
+  TaskSpec definition;
+  definition.name = row.name;
+  definition.verified = bag.flag(kTaskVerified);
+  definition.channels = bag.strings(kTaskChannels);
+  definition.globalChannels = bag.strings(kTaskGlobalChannels);
+  definition.globalChannels.resize(definition.channels.size());
+  definition.channelNameTable = bag.strings(kTaskChannelNameTable);
+  definition.scaleNameTable = bag.strings(kTaskScaleNameTable);
+  definition.deviceAttributes = bag.bytes(kTaskDeviceAttributes);
+  definition.timingAttributes = bag.bytes(kTaskTimingAttributes);
+  definition.readAttributes = bag.bytes(kTaskReadAttributes);
+  definition.writeAttributes = bag.bytes(kTaskWriteAttributes);
+  definition.author = bag.bytes(kTaskAuthor);
+  definition.qexLocked = bag.flag(kTaskQexLocked);
+  definition.qexDeleteProhibited = bag.flag(kTaskQexDeleteProhibited);
+  definition.description = bag.bytes(kTaskDescription);
+  definition.savedFromApi = bag.flag(kTaskSavedFromApi);
+  return definition;
 }
 
 std::optional<TaskSpec> loadTask(Database& db, std::string_view name) {
@@ -161,27 +161,27 @@ std::optional<TaskSpec> loadTask(Database& db, std::string_view name) {
 ChannelSpec loadChannel(Database& db, const ObjectId& id) {
   const ObjectRow row = requireObject(db, id);
   const Bag bag(db, id);
-  ChannelSpec spec;
-  spec.name = row.name;
-  spec.scaleNames = bag.strings(kChannelScaleNames);
-  spec.customScaleName = bag.bytes(kChannelCustomScale);
-  spec.endpointDevice = bag.bytes(kChannelEndpointDevice);
-  spec.physicalChannels = bag.strings(kChannelPhysicalChannels);
-  spec.productIds = bag.u32s(kChannelProductIds);
-  spec.isGlobal = bag.flag(kChannelIsGlobal);
-  spec.verified = bag.flag(kChannelVerified);
-  if (row.parent) spec.parentTaskName = requireObject(db, *row.parent).name;
-  spec.channelType = bag.i32(kChannelType);
-  spec.channelAttributes = bag.bytes(kChannelAttributes);
-  spec.bufferAttributes = bag.bytes(kChannelBufferAttributes);
-  spec.dependencies = bag.strings(kChannelDependencies);
-  spec.expertDependencies = bag.strings(kChannelExpertDependencies);
-  spec.nameTable = bag.strings(kChannelNameTable);
-  spec.author = bag.bytes(kChannelAuthor);
-  spec.qexLocked = bag.flag(kChannelQexLocked);
-  spec.qexDeleteProhibited = bag.flag(kChannelQexDeleteProhibited);
-  spec.savedFromApi = bag.flag(kChannelSavedFromApi);
-  return spec;
+  ChannelSpec definition;
+  definition.name = row.name;
+  definition.scaleNames = bag.strings(kChannelScaleNames);
+  definition.customScaleName = bag.bytes(kChannelCustomScale);
+  definition.endpointDevice = bag.bytes(kChannelEndpointDevice);
+  definition.physicalChannels = bag.strings(kChannelPhysicalChannels);
+  definition.productIds = bag.u32s(kChannelProductIds);
+  definition.isGlobal = bag.flag(kChannelIsGlobal);
+  definition.verified = bag.flag(kChannelVerified);
+  if (row.parent) definition.parentTaskName = requireObject(db, *row.parent).name;
+  definition.channelType = bag.i32(kChannelType);
+  definition.channelAttributes = bag.bytes(kChannelAttributes);
+  definition.bufferAttributes = bag.bytes(kChannelBufferAttributes);
+  definition.dependencies = bag.strings(kChannelDependencies);
+  definition.expertDependencies = bag.strings(kChannelExpertDependencies);
+  definition.nameTable = bag.strings(kChannelNameTable);
+  definition.author = bag.bytes(kChannelAuthor);
+  definition.qexLocked = bag.flag(kChannelQexLocked);
+  definition.qexDeleteProhibited = bag.flag(kChannelQexDeleteProhibited);
+  definition.savedFromApi = bag.flag(kChannelSavedFromApi);
+  return definition;
 }
 
 std::optional<ChannelSpec> loadGlobalChannel(Database& db, std::string_view name) {
@@ -207,40 +207,40 @@ std::vector<std::string> localChannelNames(Database& db, std::string_view task) 
   return names;
 }
 
-ObjectId storeTask(Database& db, const TaskSpec& spec, bool mustBeNew) {
-  checkSpecName(spec.name, "task");
-  TaskSpec normalised = spec;
+ObjectId storeTask(Database& db, const TaskSpec& definition, bool mustBeNew) {
+  checkSpecName(definition.name, "task");
+  TaskSpec normalised = definition;
   normaliseChannelList(normalised);
-  auto id = findTask(db, spec.name);
+  auto id = findTask(db, definition.name);
   if (id && mustBeNew) {
-    StorageError error(kDuplicateTask, ZQS_HERE, "a task named \"" + spec.name + "\" is saved already");
-    throw error.with("task", spec.name);
+    StorageError error(kDuplicateTask, ZQS_HERE, "a task named \"" + definition.name + "\" is saved already");
+    throw error.with("task", definition.name);
   }
   if (!id) {
-    id = createObject(db, kClassTask, kClassTask, spec.name, nullptr);
-  } else if (requireObject(db, *id).name != spec.name) {
-    renameObject(db, *id, spec.name);  // the same name in another case: keep the caller's spelling
+    id = createObject(db, kClassTask, kClassTask, definition.name, nullptr);
+  } else if (requireObject(db, *id).name != definition.name) {
+    renameObject(db, *id, definition.name);  // the same name in another case: keep the caller's spelling
   }
   writeTask(db, *id, normalised);
   return *id;
 }
 
-ObjectId storeChannel(Database& db, const ChannelSpec& spec, bool mustBeNew) {
-  checkSpecName(spec.name, "channel");
+ObjectId storeChannel(Database& db, const ChannelSpec& definition, bool mustBeNew) {
+  checkSpecName(definition.name, "channel");
   std::optional<ObjectId> parent;
-  if (!spec.parentTaskName.empty()) parent = requireTask(db, spec.parentTaskName);
+  if (!definition.parentTaskName.empty()) parent = requireTask(db, definition.parentTaskName);
   const ObjectId* parentPtr = parent ? &*parent : nullptr;
-  auto id = findByName(db, kClassChannel, parentPtr, spec.name);
+  auto id = findByName(db, kClassChannel, parentPtr, definition.name);
   if (id && mustBeNew) {
-    fail(kInvalidParameter, ZQS_HERE, "a channel named \"" + spec.name + "\" is saved already" +
-                                          (parent ? " in task \"" + spec.parentTaskName + "\"" : std::string()));
+    fail(kInvalidParameter, ZQS_HERE, "a channel named \"" + definition.name + "\" is saved already" +
+                                          (parent ? " in task \"" + definition.parentTaskName + "\"" : std::string()));
   }
   if (!id) {
-    id = createObject(db, kClassChannel, kClassChannel, spec.name, parentPtr);
-  } else if (requireObject(db, *id).name != spec.name) {
-    renameObject(db, *id, spec.name);
+    id = createObject(db, kClassChannel, kClassChannel, definition.name, parentPtr);
+  } else if (requireObject(db, *id).name != definition.name) {
+    renameObject(db, *id, definition.name);
   }
-  writeChannel(db, *id, spec);
+  writeChannel(db, *id, definition);
   return *id;
 }
 
