@@ -2,10 +2,8 @@
 
 #include <cstdint>
 #include <cstring>
-#include <tuple>
-#include <type_traits>
 
-#include "status/report_writer.h"
+#include "binding/missing_operation.h"
 #include "status/status.h"
 #include "status/status_codes.h"
 
@@ -21,22 +19,10 @@ enum OperationIndex : uint32_t {
 
 // The one place where this class sets a status: the library lacks the operation.
 void reportUnbound(uint32_t index, zqerr_Status* status) {
-  if (!status) return;
   const zqerr::SourceLocation site{"DebugServerApi", index + 1, zqerr::kComponent,
                                    "nZQMSTS::kErrorFunctionNotInLibrary"};
-  if (!zqerr::setWithLocation(status, nZQMSTS::kErrorFunctionNotInLibrary, site)) return;
-  zqerr::ReportWriter w = zqerr::rootWriter(status);
-  w = zqerr::writeObject(w, "zqdynlib_debug");
-  if (w) --w.cursor;
-  w = zqerr::writeString(w, "debug", "failed to get symbol");
-  zqerr::writeString(w, "zqdynlib_symbol", DebugServerApi::kNames[index]);
-}
-
-template <class Result, class... Params>
-Result forward(Result (*fn)(Params...), uint32_t index, Params... args) {
-  if (fn) return fn(args...);
-  reportUnbound(index, std::get<sizeof...(Params) - 1>(std::tie(args...)));
-  if constexpr (!std::is_void_v<Result>) return Result{};
+  zqdynlib::reportMissingOperation(status, nZQMSTS::kErrorFunctionNotInLibrary, site,
+                                   DebugServerApi::kNames[index]);
 }
 
 }  // namespace
@@ -54,7 +40,9 @@ void DebugServerApi::setSlot(size_t index, void* address) noexcept {
 
 #define ZQ_DEBUG_OPERATION(Result, op, Params, ...)                      \
   bool DebugServerApi::has_##op() const { return table_.op != nullptr; } \
-  Result DebugServerApi::op Params { return forward(table_.op, kIndex_##op, __VA_ARGS__); }
+  Result DebugServerApi::op Params {                                     \
+    return zqdynlib::forwardOrReport(table_.op, reportUnbound, kIndex_##op, __VA_ARGS__); \
+  }
 ZQVOREX_DEBUGSERVER_OPERATIONS(ZQ_DEBUG_OPERATION)
 #undef ZQ_DEBUG_OPERATION
 
