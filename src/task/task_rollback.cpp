@@ -1,0 +1,65 @@
+// Taking back channels whose creation failed in the plug-in: the plug-in drops them, then the
+// task learns its devices and physical channels anew from the plug-in, and lets the plug-in
+// go when no device is left.
+#include <vector>
+
+#include "boundary/item_adder_adapter.h"
+#include "boundary/string_adapter.h"
+#include "task/task_frame.h"
+#include "text/list_parser.h"
+
+namespace zqvorexRedir {
+
+namespace {
+
+inline constexpr int32_t kTaskDevicesId = 0x230E;
+inline constexpr int32_t kTaskChannelsId = 0x1273;
+inline constexpr int32_t kPhysicalChanNameId = 0x18F5;
+
+}  // namespace
+
+void Task::rollbackFailedChannelCreationsOwn(const Text& channelNames, zqerr_Status* status) {
+  runFrame<void>(
+      status,
+      [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) {
+        plugin.rollbackFailedChannelCreations(task, channelNames.c_str(), status);
+        if (zqerr::isOpen(status)) rebuildNameSets(status);
+      },
+      [&] { failNoDevice(status); });
+}
+
+void Task::rebuildNameSets(zqerr_Status* status) {
+  std::vector<std::string> devices;
+  zqgopher::ItemAdderAdapter<std::string> deviceList(devices);
+  getTaskAttributeStringVtr(kTaskDevicesId, deviceList.boundary(), status);
+  deviceNames_ = NameSet(devices.begin(), devices.end());
+  if (deviceNames_.empty()) {
+    setPluginTask(nullptr);
+    setPluginContext(nullptr);
+    setPlugin(nullptr, pluginName_);
+  }
+  NameSet physical;
+  if (plugin_ && pluginTask_) {
+    std::vector<std::string> channels;
+    zqgopher::ItemAdderAdapter<std::string> channelList(channels);
+    getTaskAttributeStringVtr(kTaskChannelsId, channelList.boundary(), status);
+    for (const std::string& channel : channels) {
+      std::string text;
+      zqgopher::StringAdapter value(text);
+      getChannelAttributeString(zqgopher::StringArrayView(std::vector<std::string>{channel}), kPhysicalChanNameId,
+                                value.boundary(), status);
+      std::vector<std::string> names;
+      zqwombat::parseCommaList(text, &names, status);
+      physical.insert(names.begin(), names.end());
+    }
+  }
+  physicalChannels_ = std::move(physical);
+  if (!debugTarget_) return;
+  if (!pluginTask_ || !debuggable_) deferredRelease_ |= kReleaseDebugServer | kReleaseDebugTarget;
+  std::vector<std::string> deviceView(deviceNames_.begin(), deviceNames_.end());
+  debugTarget_->setDevices(zqgopher::StringArrayView(deviceView), status);
+  std::vector<std::string> channelView(physicalChannels_.begin(), physicalChannels_.end());
+  debugTarget_->setPhysicalChannels(zqgopher::StringArrayView(channelView), status);
+}
+
+}  // namespace zqvorexRedir

@@ -1,0 +1,124 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "boundary/array_view.h"
+#include "boundary/string_adapter.h"
+#include "contexts/context.h"
+#include "report_query.h"
+#include "status/status_codes.h"
+#include "task/null_task.h"
+
+namespace {
+
+using zqvorexRedir::NullTask;
+
+struct Call {
+  const char* name;
+  // Runs one operation; gives its result as a number (0 for operations without one).
+  std::function<double(NullTask&, zqerr_Status*)> run;
+};
+
+const std::vector<Call>& calls() {
+  static const std::vector<Call> kCalls = {
+      {"readScaledVectorF64",
+       [](NullTask& t, zqerr_Status* s) { return double(t.readScaledVectorF64(1, nullptr, nullptr, 10, 1.0, nullptr, s)); }},
+      {"getChannelAttributeF64",
+       [](NullTask& t, zqerr_Status* s) {
+         std::vector<std::string> names{"a"};
+         return t.getChannelAttributeF64(zqgopher::StringArrayView(names), 6, s);
+       }},
+      {"getTaskAttributeI32", [](NullTask& t, zqerr_Status* s) { return double(t.getTaskAttributeI32(12697, s)); }},
+      {"isTaskDone", [](NullTask& t, zqerr_Status* s) { return double(t.isTaskDone(s)); }},
+      {"createTimingSource",
+       [](NullTask& t, zqerr_Status* s) { return t.createTimingSource(nullptr, s) ? 1.0 : 0.0; }},
+      {"controlTask",
+       [](NullTask& t, zqerr_Status* s) {
+         t.controlTask(0, false, s);
+         return 0.0;
+       }},
+      {"getTaskAttributeString",
+       [](NullTask& t, zqerr_Status* s) {
+         std::string text = "untouched";
+         zqgopher::StringAdapter out(text);
+         t.getTaskAttributeString(4726, out.boundary(), s);
+         return text == "untouched" ? 0.0 : 1.0;
+       }},
+      {"exportSignal",
+       [](NullTask& t, zqerr_Status* s) {
+         t.exportSignal(12484, zqgopher::StringArrayView(), zqgopher::StringArrayView(), s);
+         return 0.0;
+       }},
+  };
+  return kCalls;
+}
+
+class Answer {
+ public:
+  explicit Answer(int32_t code) {
+    if (code != 0) ZQ_FAIL(&status_, code, "stored", 12);
+  }
+  zqerr_Status* get() { return &status_; }
+
+ private:
+  zqerr::Status status_;
+};
+
+TEST(NullTask, InGoodStatusEveryOperationSucceedsWithZero) {
+  Answer answer(0);
+  NullTask task(nullptr, "N", answer.get());
+  for (const Call& call : calls()) {
+    zqerr::Status status;
+    EXPECT_EQ(call.run(task, &status), 0.0) << call.name;
+    EXPECT_EQ(status.code, 0) << call.name;
+  }
+}
+
+TEST(NullTask, InErrorEveryOperationAnswersTheStoredErrorAndReport) {
+  Answer answer(-200088);
+  NullTask task(nullptr, "N", answer.get());
+  for (const Call& call : calls()) {
+    zqerr::Status status;
+    EXPECT_EQ(call.run(task, &status), 0.0) << call.name;
+    EXPECT_EQ(status.code, -200088) << call.name;
+    EXPECT_EQ(zqtest::reportAt(status.report, {"file"}), "stored") << call.name;
+    EXPECT_EQ(zqtest::reportAt(status.report, {"line"}), "12") << call.name;
+  }
+}
+
+struct MergeCase {
+  int32_t stored;
+  int32_t callerBefore;
+  int32_t callerAfter;
+};
+
+TEST(NullTask, TheStoredStatusMergesByTheReplacementRule) {
+  const MergeCase cases[] = {
+      {-5, 0, -5},    {-5, 7, -5},     {7, 0, 7},   {7, 9, 9},
+      {7, -3, -3},    {-5, -3, -3},    {0, 0, 0},   {0, 9, 9},
+  };
+  for (const MergeCase& c : cases) {
+    Answer answer(c.stored);
+    NullTask task(nullptr, "N", answer.get());
+    zqerr::Status status;
+    status.code = c.callerBefore;
+    task.disableStartTrigger(&status);
+    EXPECT_EQ(status.code, c.callerAfter) << c.stored << " into " << c.callerBefore;
+  }
+}
+
+TEST(NullTask, OwnAccessorsWorkLikeATask) {
+  auto context = std::make_shared<zqvorexRedir::Context>("ctx");
+  auto task = std::make_shared<NullTask>(context, "Named", nullptr);
+  EXPECT_EQ(task->getName(), "Named");
+  EXPECT_EQ(task->getContext(), context);
+  EXPECT_EQ(task->sharedFromThis().get(), task.get());
+  zqerr::Status status;
+  EXPECT_TRUE(task->getEvents(12576, &status).empty());
+  NullTask unowned(context, "Loose", nullptr);
+  EXPECT_EQ(unowned.sharedFromThis(), nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,263 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "report_query.h"
+#include "slot_plugin.h"
+#include "task_fixture.h"
+
+namespace {
+
+using zqtest::callLog;
+using zqvorexRedir::NameSet;
+using zqvorexRedir::Task;
+
+class FakeSelector final : public zqvorexRedir::IPluginSelector {
+ public:
+  void selectForDevices(const NameSet& devices, const std::string& contextName, std::string* pluginName,
+                        bool* debuggable, zqerr_Status* status) override {
+    asked.push_back(devices);
+    askedContext = contextName;
+    if (error != 0) {
+      status->code = error;
+      return;
+    }
+    *pluginName = answer;
+    *debuggable = false;
+  }
+  bool selectForNames(const std::string&, const std::string&, std::string*, bool*, NameSet*, NameSet*,
+                      zqerr_Status*) override {
+    return false;
+  }
+  void selectForTask(const std::string& saved, const std::string& names, const std::string&, std::string* pluginName,
+                     bool* debuggable, NameSet* devices, NameSet* channels, zqerr_Status* status) override {
+    askedForTask.push_back(saved + "|" + names);
+    if (error != 0) {
+      status->code = error;
+      return;
+    }
+    *pluginName = names.empty() ? std::string() : answer;
+    *debuggable = false;
+    devices->insert(globalDevices.begin(), globalDevices.end());
+    channels->insert(globalChannels.begin(), globalChannels.end());
+  }
+  void selectForConfigString(uint32_t, const std::string&, std::string*, bool*, NameSet*, NameSet*,
+                             zqerr_Status*) override {}
+
+  std::string answer = "slots";
+  int32_t error = 0;
+  std::vector<NameSet> asked;
+  std::vector<std::string> askedForTask;
+  NameSet globalDevices;
+  NameSet globalChannels;
+  std::string askedContext;
+};
+
+class ChannelCreation : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    callLog().clear();
+    zqtest::clearSlotFailures();
+    manager = std::make_shared<zqtest::CountingPluginManager>(zqtest::makeSlotPlugin());
+    selector = std::make_shared<FakeSelector>();
+    task = make(zqvorexRedir::kTaskKindCreated);
+  }
+  void TearDown() override { zqtest::clearSlotFailures(); }
+
+  std::shared_ptr<Task> make(uint32_t kind, bool deviceTask = false) {
+    zqvorexRedir::TaskParts parts;
+    parts.context = std::make_shared<zqvorexRedir::Context>("ctx");
+    parts.taskKind = kind;
+    parts.pluginManager = manager;
+    parts.pluginSelector = selector;
+    parts.name = "T";
+    parts.isDeviceTask = deviceTask;
+    return std::make_shared<Task>(std::move(parts));
+  }
+  void create(const std::string& channels, zqerr_Status* status) {
+    task->createAIVoltageChannel(channels, "", -1, -10, 10, 10348, "", nullptr, status);
+  }
+
+  std::shared_ptr<zqtest::CountingPluginManager> manager;
+  std::shared_ptr<FakeSelector> selector;
+  std::shared_ptr<Task> task;
+};
+
+TEST_F(ChannelCreation, TheFirstChannelBindsThePluginAndASecondOnTheSameDeviceDoesNotSelectAgain) {
+  zqerr::Status status;
+  create("Dev1/ai0", &status);
+  ASSERT_EQ(status.code, 0);
+  EXPECT_EQ(selector->asked, (std::vector<NameSet>{{"Dev1"}}));
+  EXPECT_EQ(selector->askedContext, "ctx");
+  EXPECT_EQ(manager->lastName, "slots");
+  EXPECT_EQ(task->pluginName(), "slots");
+  EXPECT_EQ(callLog(), (std::vector<std::string>{"createContext:ctx", "createTask:context:T:::4",
+                                                 "createAIVoltageChannel:task:Dev1/ai0"}));
+  create("Dev1/ai1", &status);
+  EXPECT_EQ(status.code, 0);
+  EXPECT_EQ(selector->asked.size(), 1u);
+  EXPECT_EQ(callLog().back(), "createAIVoltageChannel:task:Dev1/ai1");
+  EXPECT_EQ(task->lockDepth(), 0);
+}
+
+TEST_F(ChannelCreation, ANewDeviceGoesThroughTheSelectorWithAllDevices) {
+  zqerr::Status status;
+  create("Dev1/ai0", &status);
+  create("/Dev2/ai0", &status);
+  EXPECT_EQ(status.code, 0);
+  EXPECT_EQ(selector->asked, (std::vector<NameSet>{{"Dev1"}, {"Dev1", "Dev2"}}));
+  EXPECT_EQ(task->deviceNames(), (NameSet{"Dev1", "Dev2"}));
+  EXPECT_EQ(task->physicalChannels(), (NameSet{"Dev1/ai0", "Dev2/ai0"}));
+}
+
+TEST_F(ChannelCreation, AFailedFirstChannelLeavesNoPluginNoDeviceAndSelectsAgainNextTime) {
+  zqtest::failSlotCalls("createAIVoltageChannel", -200077);
+  zqerr::Status status;
+  create("Dev1/ai0", &status);
+  EXPECT_EQ(status.code, -200077);
+  EXPECT_EQ(task->pluginName(), "");
+  EXPECT_TRUE(task->deviceNames().empty());
+  EXPECT_FALSE(task->hasPluginTask());
+  EXPECT_EQ(std::vector<std::string>(callLog().end() - 2, callLog().end()),
+            (std::vector<std::string>{"destroyTask:task", "destroyContext:context"}));
+  zqtest::clearSlotFailures();
+  zqerr::Status again;
+  create("Dev1/ai0", &again);
+  EXPECT_EQ(again.code, 0);
+  EXPECT_EQ(selector->asked.size(), 2u);
+  EXPECT_TRUE(task->hasPluginTask());
+}
+
+TEST_F(ChannelCreation, ASelectorErrorLeavesTheTaskUnbound) {
+  selector->error = -200220;
+  zqerr::Status status;
+  create("Dev1/ai0", &status);
+  EXPECT_EQ(status.code, -200220);
+  EXPECT_TRUE(task->deviceNames().empty());
+  EXPECT_EQ(manager->requests, 0);
+  EXPECT_TRUE(callLog().empty());
+}
+
+struct BadListCase {
+  const char* list;
+  int32_t code;
+  const char* constant;
+};
+
+TEST_F(ChannelCreation, BadPhysicalChannelsStopBeforeAnySelection) {
+  const BadListCase cases[] = {
+      {"", -200099, "nZQMSTS::kErrorPhysicalChannelNotSpecified"},
+      {"Dev1", -201237, "(-201237)"},
+      {"Dev1/", -201237, "(-201237)"},
+      {"/ai0", -201237, "(-201237)"},
+      {"Dev1/ai0, Dev1", -201237, "(-201237)"},
+  };
+  for (const BadListCase& c : cases) {
+    task = make(zqvorexRedir::kTaskKindCreated);
+    selector->asked.clear();
+    zqerr::Status status;
+    create(c.list, &status);
+    EXPECT_EQ(status.code, c.code) << c.list;
+    EXPECT_EQ(zqtest::reportAt(status.report, {"error_constant"}), c.constant) << c.list;
+    EXPECT_TRUE(selector->asked.empty()) << c.list;
+    EXPECT_TRUE(task->deviceNames().empty()) << c.list;
+  }
+}
+
+TEST_F(ChannelCreation, APlatformTaskSelectsNothing) {
+  task = make(zqvorexRedir::kTaskKindPlatform);
+  zqerr::Status status;
+  create("Dev1/ai0", &status);
+  EXPECT_EQ(status.code, -200477);
+  EXPECT_TRUE(selector->asked.empty());
+}
+
+TEST_F(ChannelCreation, AnOpenDebugSessionSkipsSelectionAndRefuses) {
+  zqerr::Status status;
+  task->setTaskAttributeBool(12705, 1, &status);
+  create("Dev1/ai0", &status);
+  EXPECT_EQ(status.code, -223804);
+  EXPECT_TRUE(selector->asked.empty());
+}
+
+struct GlobalCase {
+  const char* name;
+  bool deviceTask;
+  const char* channels;
+  int32_t code;
+};
+
+TEST_F(ChannelCreation, GlobalChannelsWithoutAPluginAnswerByTheKindOfTask) {
+  const GlobalCase cases[] = {
+      {"nothing to add", false, "", 0},
+      {"device task", true, "", -200092},
+      {"names but no plug-in", false, "Global0", -50150},
+  };
+  selector->answer = "";
+  for (const GlobalCase& c : cases) {
+    task = make(zqvorexRedir::kTaskKindCreated, c.deviceTask);
+    zqerr::Status status;
+    task->addChannelsToTask(c.channels, &status);
+    EXPECT_EQ(status.code, c.code) << c.name;
+    EXPECT_EQ(manager->requests, 0) << c.name;
+  }
+}
+
+TEST_F(ChannelCreation, GlobalChannelsBindTheTaskWithTheDevicesTheSelectorFound) {
+  selector->globalDevices = {"Dev3"};
+  selector->globalChannels = {"Dev3/ai0"};
+  zqerr::Status status;
+  task->addChannelsToTask("Global0", &status);
+  ASSERT_EQ(status.code, 0);
+  EXPECT_EQ(selector->askedForTask, (std::vector<std::string>{"|Global0"}));
+  EXPECT_EQ(task->deviceNames(), (NameSet{"Dev3"}));
+  EXPECT_EQ(callLog(), (std::vector<std::string>{"createContext:ctx", "createTask:context:T:::4",
+                                                 "addChannelsToTask:task:Global0"}));
+  // A failure afterwards takes the devices of that attempt back, and only those.
+  selector->globalDevices = {"Dev4"};
+  zqtest::failSlotCalls("addChannelsToTask", -200489);
+  zqerr::Status failed;
+  task->addChannelsToTask("Global1", &failed);
+  EXPECT_EQ(failed.code, -200489);
+  EXPECT_EQ(task->deviceNames(), (NameSet{"Dev3"}));
+  EXPECT_TRUE(task->hasPluginTask());
+}
+
+struct RollbackCase {
+  const char* name;
+  std::vector<std::string> devicesLeft;
+  bool pluginStays;
+};
+
+TEST_F(ChannelCreation, RollbackRebuildsTheDevicesFromThePluginAndUnbindsWhenNoneIsLeft) {
+  const RollbackCase cases[] = {{"one device left", {"Dev1"}, true}, {"none left", {}, false}};
+  for (const RollbackCase& c : cases) {
+    task = make(zqvorexRedir::kTaskKindCreated);
+    zqerr::Status status;
+    create("Dev1/ai0", &status);
+    create("Dev2/ai0", &status);
+    ASSERT_EQ(task->deviceNames(), (NameSet{"Dev1", "Dev2"}));
+    zqtest::slotTaskContents().devices = c.devicesLeft;
+    zqtest::slotTaskContents().physicalNames = {{"Voltage", "Dev1/ai0,Dev1/ai1"}};
+    callLog().clear();
+    task->rollbackFailedChannelCreations("Dev2/ai0", &status);
+    EXPECT_EQ(status.code, 0) << c.name;
+    EXPECT_EQ(task->deviceNames(), NameSet(c.devicesLeft.begin(), c.devicesLeft.end())) << c.name;
+    EXPECT_EQ(task->hasPluginTask(), c.pluginStays) << c.name;
+    const NameSet physical = c.pluginStays ? NameSet{"Dev1/ai0", "Dev1/ai1"} : NameSet{};
+    EXPECT_EQ(task->physicalChannels(), physical) << c.name;
+    std::vector<std::string> expected{"rollbackFailedChannelCreations:task:Dev2/ai0", "getTaskAttributeStringVtr:task:8974"};
+    if (c.pluginStays) {
+      expected.push_back("getTaskAttributeStringVtr:task:4723");
+      expected.push_back("getChannelAttributeString:task:Voltage:6389");
+    } else {
+      expected.push_back("destroyTask:task");
+      expected.push_back("destroyContext:context");
+    }
+    EXPECT_EQ(callLog(), expected) << c.name;
+    EXPECT_EQ(task->lockDepth(), 0) << c.name;
+  }
+}
+
+}  // namespace

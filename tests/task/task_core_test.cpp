@@ -1,0 +1,290 @@
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "boundary/array_view.h"
+#include "fake_debug_target.h"
+#include "report_query.h"
+#include "slot_plugin.h"
+#include "status/status_codes.h"
+#include "task_fixture.h"
+
+namespace {
+
+using zqgopher::StringArrayView;
+using zqtest::callLog;
+using zqvorexRedir::Task;
+
+const std::vector<std::string> kTwoChannels{"Dev1/ai0", "Dev1/ai1"};
+const std::vector<std::string> kNoChannels{};
+
+struct UnboundCase {
+  const char* name;
+  std::function<double(Task&, zqerr_Status*)> run;
+  int32_t code;
+  double result;
+};
+
+const std::vector<UnboundCase>& unboundCases() {
+  static const std::vector<UnboundCase> kCases = {
+      {"read", [](Task& t, zqerr_Status* s) { return double(t.readScaledVectorF64(1, nullptr, nullptr, 10, 1, nullptr, s)); },
+       -200478, 0},
+      {"raw write", [](Task& t, zqerr_Status* s) { return double(t.writeRawU8(1, nullptr, false, 1.0, nullptr, s)); }, -200478, 0},
+      {"controlTask",
+       [](Task& t, zqerr_Status* s) {
+         t.controlTask(0, false, s);
+         return 0.0;
+       },
+       -200478, 0},
+      {"channel get",
+       [](Task& t, zqerr_Status* s) { return t.getChannelAttributeF64(StringArrayView(kTwoChannels), 6, s); }, -200478,
+       0},
+      {"desired channel get",
+       [](Task& t, zqerr_Status* s) { return double(t.getDesiredChannelAttributeI32(StringArrayView(kNoChannels), 6, s)); },
+       -200478, 0},
+      {"calibration",
+       [](Task& t, zqerr_Status* s) {
+         t.performBridgeOffsetNullingCalibration(StringArrayView(kNoChannels), false, s);
+         return 0.0;
+       },
+       -200478, 0},
+      {"timing",
+       [](Task& t, zqerr_Status* s) {
+         t.configureSampleClockTiming("", 1000, 10280, 10123, 100, s);
+         return 0.0;
+       },
+       -200477, 0},
+      {"device get",
+       [](Task& t, zqerr_Status* s) { return double(t.getDeviceAttributeI32(StringArrayView(kNoChannels), 6, s)); },
+       -200477, 0},
+      {"scaled write",
+       [](Task& t, zqerr_Status* s) { return double(t.writeScaledScalarF64(1, true, 1.0, 2.0, nullptr, s)); }, -200477, 0},
+      {"saveTask",
+       [](Task& t, zqerr_Status* s) {
+         t.saveTask("a", "b", false, false, false, false, s);
+         return 0.0;
+       },
+       -200477, 0},
+      {"rollback",
+       [](Task& t, zqerr_Status* s) {
+         t.rollbackFailedChannelCreations("Dev1/ai0", s);
+         return 0.0;
+       },
+       -200477, 0},
+      {"isTaskDone", [](Task& t, zqerr_Status* s) { return double(t.isTaskDone(s)); }, 0, 1},
+      {"waitUntilTaskDone",
+       [](Task& t, zqerr_Status* s) {
+         t.waitUntilTaskDone(10.0, s);
+         return 0.0;
+       },
+       0, 0},
+      {"abortTask",
+       [](Task& t, zqerr_Status* s) {
+         t.abortTask(s);
+         return 0.0;
+       },
+       0, 0},
+      {"channel set, empty list",
+       [](Task& t, zqerr_Status* s) {
+         t.setChannelAttributeF64(StringArrayView(kNoChannels), 6, 1.5, s);
+         return 0.0;
+       },
+       0, 0},
+      {"channel reset, empty list",
+       [](Task& t, zqerr_Status* s) {
+         t.resetChannelAttributeI32(StringArrayView(kNoChannels), 6, s);
+         return 0.0;
+       },
+       0, 0},
+  };
+  return kCases;
+}
+
+TEST(UnboundTask, EachFamilyGivesItsAnswerAndAsksForNoPlugin) {
+  for (const UnboundCase& c : unboundCases()) {
+    auto manager = std::make_shared<zqtest::CountingPluginManager>();
+    auto task = zqtest::makeTask(manager);
+    zqerr::Status status;
+    EXPECT_EQ(c.run(*task, &status), c.result) << c.name;
+    EXPECT_EQ(status.code, c.code) << c.name;
+    if (c.code != 0) {
+      EXPECT_EQ(zqtest::reportAt(status.report, {"file"}), "task") << c.name;
+    }
+    EXPECT_EQ(manager->requests, 0) << c.name;
+    EXPECT_EQ(task->lockDepth(), 0) << c.name;
+  }
+}
+
+TEST(UnboundTask, AFailedStatusOnEntryIsLeftAsItIs) {
+  for (const UnboundCase& c : unboundCases()) {
+    auto task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>());
+    zqerr::Status status;
+    status.code = -1;
+    EXPECT_EQ(c.run(*task, &status), 0.0) << c.name;
+    EXPECT_EQ(status.code, -1) << c.name;
+    EXPECT_EQ(status.report, nullptr) << c.name;
+  }
+}
+
+TEST(UnboundTask, ChannelSetWithNamesNamesTheFirstChannelAndTheTask) {
+  auto task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>(), "Pressure");
+  zqerr::Status status;
+  task->setChannelAttributeF64(StringArrayView(kTwoChannels), 6, 1.5, &status);
+  EXPECT_EQ(status.code, -200486);
+  const char* r = status.report;
+  EXPECT_EQ(zqtest::reportAt(r, {"error_constant"}), "nZQMSTS::kErrorChanNotInTask");
+  EXPECT_EQ(zqtest::reportAt(r, {"translator_info", "ordered_data", "#0", "usage"}), "kUsageTypeChannelName");
+  EXPECT_EQ(zqtest::reportAt(r, {"translator_info", "ordered_data", "#0", "value"}), "Dev1/ai0");
+  EXPECT_EQ(zqtest::reportAt(r, {"translator_info", "ordered_data", "#1", "usage"}), "kUsageTypeTaskName");
+  EXPECT_EQ(zqtest::reportAt(r, {"translator_info", "ordered_data", "#1", "value"}), "Pressure");
+  EXPECT_EQ(zqtest::reportAt(r, {"translator_info", "ordered_data", "#2"}), zqtest::kAbsent);
+}
+
+class BoundTask : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    callLog().clear();
+    plugin = zqtest::makeSlotPlugin();
+    task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>());
+    zqtest::bindTask(*task, plugin, zqtest::slotContextHandle(), zqtest::slotTaskHandle());
+  }
+  std::shared_ptr<zqvorexRedir::Plugin> plugin;
+  std::shared_ptr<Task> task;
+};
+
+TEST_F(BoundTask, OperationsReachThePluginWithTheTaskHandleAndConvertedArguments) {
+  zqerr::Status status;
+  EXPECT_EQ(task->getChannelAttributeF64(StringArrayView(kTwoChannels), 6, &status), 2.5);
+  task->setChannelAttributeF64(StringArrayView(kNoChannels), 7, 0.5, &status);
+  task->saveTask("Saved", "Me", true, false, true, false, &status);
+  EXPECT_EQ(task->isTaskDone(&status), 0u);
+  task->abortTask(&status);
+  EXPECT_EQ(status.code, 0);
+  EXPECT_EQ(callLog(), (std::vector<std::string>{"getChannelAttributeF64:task:Dev1/ai0,Dev1/ai1:6",
+                                                 "setChannelAttributeF64:task::7:0.500000",
+                                                 "saveTask:task:Saved:Me:1010", "isTaskDone:task", "abortTask:task"}));
+  EXPECT_EQ(task->lockDepth(), 0);
+}
+
+TEST_F(BoundTask, APluginErrorStaysInTheStatus) {
+  zqerr::Status status;
+  zqtest::failNextSlotCall(-201003);
+  task->setChannelAttributeF64(StringArrayView(kTwoChannels), 7, 0.5, &status);
+  EXPECT_EQ(status.code, -201003);
+}
+
+TEST_F(BoundTask, AnOperationThePluginLacksIsRefusedByTheTable) {
+  zqerr::Status status;
+  task->configureSampleClockTiming("", 1000, 10280, 10123, 100, &status);
+  EXPECT_LT(status.code, 0);
+  EXPECT_NE(status.code, -200477);
+  EXPECT_TRUE(callLog().empty());
+}
+
+TEST_F(BoundTask, DestructionDestroysThePluginTaskBeforeItsContextAndThenLetsTheLibraryGo) {
+  std::weak_ptr<zqvorexRedir::Plugin> watch = plugin;
+  plugin.reset();
+  task.reset();
+  EXPECT_EQ(callLog(), (std::vector<std::string>{"destroyTask:task", "destroyContext:context"}));
+  EXPECT_TRUE(watch.expired());
+}
+
+TEST(TaskLock, LockAndUnlockCountTheDepth) {
+  auto task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>());
+  zqerr::Status status;
+  task->lock(&status);
+  task->lock();
+  EXPECT_EQ(task->lockDepth(), 2);
+  task->unlock();
+  EXPECT_EQ(task->lockDepth(), 1);
+  task->unlock();
+  EXPECT_EQ(task->lockDepth(), 0);
+  zqerr::Status failed;
+  failed.code = -1;
+  task->lock(&failed);
+  EXPECT_EQ(task->lockDepth(), 0);
+}
+
+struct ReleaseCase {
+  uint32_t bits;
+  bool targetGoes;
+  bool serverGoes;
+};
+
+class FakeServer final : public zqvorexRedir::IDebugServer {
+ public:
+  explicit FakeServer(std::function<void()> onDestroy) : onDestroy_(std::move(onDestroy)) {}
+  ~FakeServer() override { onDestroy_(); }
+  uint32_t getMaxPrivilegeLevel(zqerr_Status*) override { return 0; }
+  void getPipeName(std::string&, zqerr_Status*) override {}
+  std::shared_ptr<zqvorexRedir::IDebugTarget> createDebugTarget(const std::string&,
+                                                                const zqvorexDebugServer_Callbacks*,
+                                                                zqerr_Status*) override {
+    return nullptr;
+  }
+
+ private:
+  std::function<void()> onDestroy_;
+};
+
+TEST(TaskLock, DeferredReleaseHappensAtTheLastUnlockWithoutTheMutex) {
+  const ReleaseCase cases[] = {
+      {zqvorexRedir::kReleaseDebugTarget, true, false},
+      {zqvorexRedir::kReleaseDebugServer, false, true},
+      {zqvorexRedir::kReleaseDebugTarget | zqvorexRedir::kReleaseDebugServer, true, true},
+  };
+  for (const ReleaseCase& c : cases) {
+    auto task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>());
+    std::vector<std::string> destroyed;
+    std::vector<int32_t> depthAtDestruction;
+    bool watching = true;
+    Task* raw = task.get();
+    auto note = [&](const char* what) {
+      if (!watching) return;
+      destroyed.push_back(what);
+      depthAtDestruction.push_back(raw->lockDepth());
+    };
+    task->setDebugTarget(std::make_shared<zqtest::FakeDebugTarget>([&] { note("target"); }));
+    task->setDebugServer(std::make_shared<FakeServer>([&] { note("server"); }));
+    task->lock();
+    task->lock();
+    task->requestDeferredRelease(c.bits);
+    task->unlock();
+    EXPECT_TRUE(destroyed.empty()) << c.bits;
+    task->unlock();
+    std::vector<std::string> expected;
+    if (c.serverGoes) expected.push_back("server");
+    if (c.targetGoes) expected.push_back("target");
+    EXPECT_EQ(destroyed, expected) << c.bits;
+    for (int32_t depth : depthAtDestruction) EXPECT_EQ(depth, 0) << c.bits;
+    // A second round releases nothing more: the bits were cleared.
+    destroyed.clear();
+    task->lock();
+    task->unlock();
+    EXPECT_TRUE(destroyed.empty()) << c.bits;
+    watching = false;
+    task.reset();
+  }
+}
+
+TEST(TaskWithSamplePlugin, ForwardsToTheRealLibraryAndReleasesItsContextWithTheTask) {
+  auto manager = std::make_shared<zqvorexRedir::PluginManager>("");
+  zqerr::Status status;
+  std::shared_ptr<zqvorexRedir::Plugin> plugin = manager->getPlugin("testplug", &status);
+  ASSERT_TRUE(plugin) << status.code;
+  const uint32_t liveBefore = plugin->getTaskAttributeU32(nullptr, 1, &status);
+  auto task = zqtest::makeTask(manager);
+  zqvorexPlugin_Context_undefined* context = plugin->createContext("ctx", &status);
+  ASSERT_NE(context, nullptr);
+  int pluginTask = 0;
+  zqtest::bindTask(*task, plugin, context, reinterpret_cast<zqvorexPlugin_Task_undefined*>(&pluginTask));
+  EXPECT_EQ(plugin->getTaskAttributeU32(nullptr, 1, &status), liveBefore + 1);
+  EXPECT_EQ(task->getTaskAttributeU32(41, &status), 42u);
+  EXPECT_EQ(status.code, 0);
+  task.reset();
+  EXPECT_EQ(plugin->getTaskAttributeU32(nullptr, 1, &status), liveBefore);
+}
+
+}  // namespace
