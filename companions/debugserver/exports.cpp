@@ -28,6 +28,17 @@ bool usable(Handle* handle, zqerr_Status* status) {
 
 using Guard = std::lock_guard<std::mutex>;
 
+// Nothing leaves an export as an exception: whatever a body throws (in practice a failed
+// allocation) becomes this status.
+template <class Body>
+void guarded(zqerr_Status* status, Body body) noexcept {
+  try {
+    body();
+  } catch (...) {
+    fail(status, kMemoryFull);
+  }
+}
+
 }  // namespace
 
 ZQDS_EXPORT zqvorexDebugServer_Server* zqvorexDebugServer_createDebugServer(uint32_t privilegeLevel,
@@ -39,11 +50,15 @@ ZQDS_EXPORT zqvorexDebugServer_Server* zqvorexDebugServer_createDebugServer(uint
     fail(status, kMemoryFull);
     return nullptr;
   }
-  server->state.privilegeLevel = privilegeLevel;
-  server->state.name = name ? name : "";
-  server->state.pipeName = "zqvorexDebugServer." + std::to_string(++serverNumber) +
-                           (server->state.name.empty() ? "" : "." + server->state.name);
-  return server;
+  guarded(status, [&] {
+    server->state.privilegeLevel = privilegeLevel;
+    server->state.name = name ? name : "";
+    server->state.pipeName = "zqvorexDebugServer." + std::to_string(++serverNumber) +
+                             (server->state.name.empty() ? "" : "." + server->state.name);
+  });
+  if (isOpen(status)) return server;
+  delete server;
+  return nullptr;
 }
 
 ZQDS_EXPORT void zqvorexDebugServer_destroyDebugServer(zqvorexDebugServer_Server* server,
@@ -58,7 +73,7 @@ ZQDS_EXPORT uint32_t zqvorexDebugServer_getMaxPrivilegeLevel(zqvorexDebugServer_
 
 ZQDS_EXPORT void zqvorexDebugServer_getPipeName(zqvorexDebugServer_Server* server, zqgopher_IString* name,
                                                 zqerr_Status* status) {
-  if (usable(server, status)) zqdebugserver::fillText(server->state.pipeName, name, status);
+  if (usable(server, status)) guarded(status, [&] { zqdebugserver::fillText(server->state.pipeName, name, status); });
 }
 
 ZQDS_EXPORT zqvorexDebugServer_Target* zqvorexDebugServer_createDebugTarget(
@@ -70,9 +85,11 @@ ZQDS_EXPORT zqvorexDebugServer_Target* zqvorexDebugServer_createDebugTarget(
     fail(status, kMemoryFull);
     return nullptr;
   }
-  target->state.taskName = taskName ? taskName : "";
+  guarded(status, [&] { target->state.taskName = taskName ? taskName : ""; });
   target->state.callbacks = callbacks;
-  return target;
+  if (isOpen(status)) return target;
+  delete target;
+  return nullptr;
 }
 
 ZQDS_EXPORT void zqvorexDebugServer_destroyDebugTarget(zqvorexDebugServer_Target* target,
@@ -86,21 +103,21 @@ ZQDS_EXPORT void zqvorexDebugServer_getTaskName(zqvorexDebugServer_Target* targe
                                                 zqerr_Status* status) {
   if (!usable(target, status)) return;
   Guard guard(zqdebugserver::registryLock());
-  zqdebugserver::fillText(target->state.taskName, name, status);
+  guarded(status, [&] { zqdebugserver::fillText(target->state.taskName, name, status); });
 }
 
 ZQDS_EXPORT void zqvorexDebugServer_getPluginName(zqvorexDebugServer_Target* target, zqgopher_IString* name,
                                                   zqerr_Status* status) {
   if (!usable(target, status)) return;
   Guard guard(zqdebugserver::registryLock());
-  zqdebugserver::fillText(target->state.pluginName, name, status);
+  guarded(status, [&] { zqdebugserver::fillText(target->state.pluginName, name, status); });
 }
 
 ZQDS_EXPORT void zqvorexDebugServer_setPluginName(zqvorexDebugServer_Target* target, const char* name,
                                                   zqerr_Status* status) {
   if (!usable(target, status)) return;
   Guard guard(zqdebugserver::registryLock());
-  target->state.pluginName = name ? name : "";
+  guarded(status, [&] { target->state.pluginName = name ? name : ""; });
 }
 
 ZQDS_EXPORT zqvorexPlugin_Task_undefined* zqvorexDebugServer_getPluginTask(zqvorexDebugServer_Target* target,
@@ -124,28 +141,34 @@ ZQDS_EXPORT void zqvorexDebugServer_setPluginTask(zqvorexDebugServer_Target* tar
                                                  zqgopher_IItemAdder* list, zqerr_Status* status) {         \
     if (!usable(target, status)) return;                                                                    \
     Guard guard(zqdebugserver::registryLock());                                                             \
-    zqdebugserver::fillNames(target->state.field, list, status);                                            \
+    guarded(status, [&] { zqdebugserver::fillNames(target->state.field, list, status); });                  \
   }                                                                                                         \
   ZQDS_EXPORT void zqvorexDebugServer_set##Thing(zqvorexDebugServer_Target* target,                         \
                                                  const zqgopher_ArrayView* list, zqerr_Status* status) {    \
-    std::vector<std::string> names;                                                                         \
-    if (!usable(target, status) || !zqdebugserver::readNames(list, names, status)) return;                  \
-    Guard guard(zqdebugserver::registryLock());                                                             \
-    target->state.field = std::set<std::string>(names.begin(), names.end());                                \
+    guarded(status, [&] {                                                                                   \
+      std::vector<std::string> names;                                                                       \
+      if (!usable(target, status) || !zqdebugserver::readNames(list, names, status)) return;                \
+      Guard guard(zqdebugserver::registryLock());                                                           \
+      target->state.field = std::set<std::string>(names.begin(), names.end());                              \
+    });                                                                                                     \
   }                                                                                                         \
   ZQDS_EXPORT void zqvorexDebugServer_add##Thing(zqvorexDebugServer_Target* target,                         \
                                                  const zqgopher_ArrayView* list, zqerr_Status* status) {    \
-    std::vector<std::string> names;                                                                         \
-    if (!usable(target, status) || !zqdebugserver::readNames(list, names, status)) return;                  \
-    Guard guard(zqdebugserver::registryLock());                                                             \
-    target->state.field.insert(names.begin(), names.end());                                                 \
+    guarded(status, [&] {                                                                                   \
+      std::vector<std::string> names;                                                                       \
+      if (!usable(target, status) || !zqdebugserver::readNames(list, names, status)) return;                \
+      Guard guard(zqdebugserver::registryLock());                                                           \
+      target->state.field.insert(names.begin(), names.end());                                               \
+    });                                                                                                     \
   }                                                                                                         \
   ZQDS_EXPORT void zqvorexDebugServer_remove##Thing(zqvorexDebugServer_Target* target,                      \
                                                     const zqgopher_ArrayView* list, zqerr_Status* status) { \
-    std::vector<std::string> names;                                                                         \
-    if (!usable(target, status) || !zqdebugserver::readNames(list, names, status)) return;                  \
-    Guard guard(zqdebugserver::registryLock());                                                             \
-    for (const std::string& name : names) target->state.field.erase(name);                                  \
+    guarded(status, [&] {                                                                                   \
+      std::vector<std::string> names;                                                                       \
+      if (!usable(target, status) || !zqdebugserver::readNames(list, names, status)) return;                \
+      Guard guard(zqdebugserver::registryLock());                                                           \
+      for (const std::string& name : names) target->state.field.erase(name);                                \
+    });                                                                                                     \
   }
 
 ZQDS_NAME_SET(Devices, devices)
@@ -181,8 +204,10 @@ ZQDS_EXPORT void zqvorexDebugServer_clearCachedSamples(zqvorexDebugServer_Target
     (void)layout;                                                                                         \
     if (!usable(target, status)) return;                                                                  \
     Guard guard(zqdebugserver::registryLock());                                                           \
-    zqdebugserver::recordArray(target->state, index, size, channelKind, formatCode, buffer, callerStatus, \
-                               count, status);                                                            \
+    guarded(status, [&] {                                                                                 \
+      zqdebugserver::recordArray(target->state, index, size, channelKind, formatCode, buffer, callerStatus, \
+                                 count, status);                                                          \
+    });                                                                                                   \
   }
 
 ZQDS_CACHE(cacheSamplesF64, 0, 8)
@@ -207,5 +232,7 @@ ZQDS_EXPORT void zqvorexDebugServer_cacheSamplesLineU8(zqvorexDebugServer_Target
   (void)layout;
   if (!usable(target, status)) return;
   Guard guard(zqdebugserver::registryLock());
-  zqdebugserver::recordLines(target->state, channelKind, formatCode, buffer, callerStatus, count, status);
+  guarded(status, [&] {
+    zqdebugserver::recordLines(target->state, channelKind, formatCode, buffer, callerStatus, count, status);
+  });
 }

@@ -15,10 +15,15 @@ const zqvorexDebugServer_Callbacks* callbacksOf(zqvorexDebugServer_Target* targe
   return target ? target->state.callbacks : nullptr;
 }
 
-// The server calls its tasks from threads of its own, never holding its lock meanwhile.
+// The server calls its tasks from threads of its own, never holding its lock meanwhile. A
+// thread that cannot start is a status, not an exception out of the export.
 template <class Work>
-void onServerThread(Work work) {
-  std::thread(work).join();
+void onServerThread(Work work, zqerr_Status* status) {
+  try {
+    std::thread(work).join();
+  } catch (...) {
+    zqdebugserver::fail(status, -52000);
+  }
 }
 
 }  // namespace
@@ -34,14 +39,14 @@ ZQDS_EXPORT void zqvorexDebugServer_testOnly_setFlags(zqvorexDebugServer_Target*
     callbacks->table->setControlCheckPending(callbacks, controlCheckPending, status);
     callbacks->table->setCacheSamples(callbacks, cacheSamples, status);
     callbacks->table->unlockTask(callbacks, status);
-  });
+  }, status);
 }
 
 ZQDS_EXPORT void zqvorexDebugServer_testOnly_abortTask(zqvorexDebugServer_Target* target,
                                                        zqerr_Status* status) {
   const zqvorexDebugServer_Callbacks* callbacks = callbacksOf(target);
   if (!zqdebugserver::isOpen(status) || !callbacks) return;
-  onServerThread([&] { callbacks->table->abortTask(callbacks, status); });
+  onServerThread([&] { callbacks->table->abortTask(callbacks, status); }, status);
 }
 
 ZQDS_EXPORT uint32_t zqvorexDebugServer_testOnly_targetFlags(zqvorexDebugServer_Target* target) {
