@@ -24,7 +24,7 @@ uint64_t takeTaskNumber() {
 
 std::string taskNameFor(uint64_t number) {
   char name[64];
-  std::snprintf(name, sizeof name, "_unnamedTask%llX", static_cast<unsigned long long>(number));
+  std::snprintf(name, sizeof name, "_unnamedTask<%llX>", static_cast<unsigned long long>(number));
   return name;
 }
 

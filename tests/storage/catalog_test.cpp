@@ -12,7 +12,7 @@ namespace {
 
 std::string hexName(uint64_t number) {
   char text[64];
-  std::snprintf(text, sizeof text, "_unnamedTask%llX", static_cast<unsigned long long>(number));
+  std::snprintf(text, sizeof text, "_unnamedTask<%llX>", static_cast<unsigned long long>(number));
   return text;
 }
 
