@@ -5,7 +5,9 @@
 
 #include "binding/load_library.h"
 #include "globals/globals_record.h"
+#include "debug/debug_server_factory.h"
 #include "globals/one_time.h"
+#include "globals/shared_factory.h"
 #include "globals/toggle_reader.h"
 #include "paths/system_paths.h"
 #include "selection/task_plugin_selector.h"
@@ -73,6 +75,13 @@ void makeSelector(SharedGlobals& g) {
       bindings, std::make_shared<ToggleReader>(togglesOf(g.systemSettings)));
 }
 
+// The debug server library is bound at the first request for a server, not here.
+void makeDebugServerFactory(SharedGlobals& g, const std::string& folder) {
+  auto plain = std::make_shared<zqvorexRedir::DebugServerFactory>(
+      libraryPath(folder, zqvorexRedir::kDebugServerLibrary));
+  g.debugServerFactory = std::make_shared<zqvorexRedir::DebugServerFactoryWithCache>(std::move(plain));
+}
+
 // Steps in order; each returns with the status failed or runs the next.
 void build(SharedGlobals& g, zqerr_Status* status) {
   makeSettings(g, status);
@@ -80,6 +89,7 @@ void build(SharedGlobals& g, zqerr_Status* status) {
   std::string folder = libraryFolder(status);
   if (!zqerr::isOpen(status)) return;
   g.pluginManager = std::make_shared<zqvorexRedir::PluginManager>(folder);
+  g.taskFactory = std::make_shared<SharedFactory>();
   makeNameGenerator(g, folder);
   g.tlsManager = std::shared_ptr<IExtendedErrorInfoManager>(&tlsManager(), [](IExtendedErrorInfoManager*) {});
   g.taskPool = std::make_shared<TaskPool>(status);
@@ -88,6 +98,7 @@ void build(SharedGlobals& g, zqerr_Status* status) {
   if (!zqerr::isOpen(status)) return;
   useStorage(g);
   makeSelector(g);
+  makeDebugServerFactory(g, folder);
 }
 
 }  // namespace

@@ -55,6 +55,10 @@ std::shared_ptr<zqvorexRedir::IContextManager> getContextManager(zqerr_Status* s
   return getField(&SharedGlobals::contextManager, status);
 }
 
+std::shared_ptr<zqvorexRedir::ITaskFactory> getTaskFactory(zqerr_Status* status) {
+  return getField(&SharedGlobals::taskFactory, status);
+}
+
 std::shared_ptr<zqvorexRedir::ITaskNameGenerator> getTaskNameGenerator(zqerr_Status* status) {
   return getField(&SharedGlobals::taskNameGenerator, status);
 }

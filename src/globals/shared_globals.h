@@ -7,25 +7,27 @@
 #include <memory>
 
 #include "contexts/context.h"
+#include "debug/debug_interfaces.h"
 #include "lasterror/last_error.h"
 #include "plugin/plugin_manager.h"
 #include "pool/task_pool.h"
 #include "selection/plugin_selector.h"
 #include "status/status.h"
 #include "storage/storage_binding.h"
+#include "task/itask_factory.h"
 #include "tasknames/task_name_generator.h"
 #include "toggles/feature_toggles.h"
 
 namespace nZQCAI100 {
 
 // Fields in the record's order; destruction releases them from the last to the first.
-// Services whose code has not joined the library yet have no field here: the task factory
-// (it makes the redirected task), the debug server factory, the task events list and the
-// translator.
+// Services whose code has not joined the library yet have no field here: the task events list
+// and the translator.
 struct SharedGlobals {
   std::shared_ptr<FeatureToggles> systemSettings;
   std::shared_ptr<zqvorexRedir::IContextManager> contextManager;
   std::shared_ptr<zqvorexRedir::IPluginManager> pluginManager;
+  std::shared_ptr<zqvorexRedir::ITaskFactory> taskFactory;
   // The bound class owns its library, so the binding and its interface are one reference.
   std::shared_ptr<zqvorexTaskCatalogCpp::NameGenerator> nameGeneratorLibrary;  // null without the catalog
   std::shared_ptr<zqvorexTaskCatalogCpp::NameGenerator> nameGenerator;
@@ -33,6 +35,7 @@ struct SharedGlobals {
   std::shared_ptr<IExtendedErrorInfoManager> tlsManager;  // the static manager; never deleted
   std::shared_ptr<ITaskPool> taskPool;
   std::shared_ptr<zqvorexRedir::IPluginSelector> pluginSelector;
+  std::shared_ptr<zqvorexRedir::IDebugServerFactory> debugServerFactory;
   std::shared_ptr<zqvorexStorageCpp::Capabilities> capabilities;
   std::shared_ptr<zqvorexStorageCpp::ChannelSpecification> channelSpecification;
   std::shared_ptr<zqvorexStorageCpp::Storage> storage;
@@ -48,6 +51,7 @@ struct SharedGlobals {
 // The getters: with a failed status, null. Otherwise the one-time build runs if it has not
 // succeeded yet; a failed build leaves its failure in `status` and gives null.
 std::shared_ptr<zqvorexRedir::IContextManager> getContextManager(zqerr_Status* status);
+std::shared_ptr<zqvorexRedir::ITaskFactory> getTaskFactory(zqerr_Status* status);
 std::shared_ptr<zqvorexRedir::ITaskNameGenerator> getTaskNameGenerator(zqerr_Status* status);
 std::shared_ptr<IExtendedErrorInfoManager> getTlsManager(zqerr_Status* status);
 std::shared_ptr<ITaskPool> getTaskPool(zqerr_Status* status);

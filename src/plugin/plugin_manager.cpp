@@ -59,4 +59,9 @@ void PluginManager::clear() {
   // Libraries unload here, outside the lock: their unload routines may take locks of their own.
 }
 
+size_t PluginManager::pluginCount() const {
+  std::lock_guard<zqplatform::SlimLock> guard(lock_);
+  return plugins_.size();
+}
+
 }  // namespace zqvorexRedir

@@ -37,12 +37,14 @@ class PluginManager final : public IPluginManager {
   void clear() override;
 
   const std::string& folder() const { return folder_; }
+  // How many plug-ins are loaded now.
+  size_t pluginCount() const;
 
  private:
   std::shared_ptr<Plugin> getOrLoad(const std::string& key, const std::string& path, zqerr_Status* status);
 
   const std::string folder_;
-  zqplatform::SlimLock lock_;
+  mutable zqplatform::SlimLock lock_;
   // Byte order then length, which is std::string's own order.
   std::map<std::string, std::shared_ptr<Plugin>> plugins_;
 };

@@ -69,6 +69,17 @@ class Task final : public ITask, public std::enable_shared_from_this<Task> {
   void setDebugTarget(std::shared_ptr<IDebugTarget> target);
   void requestDeferredRelease(uint32_t bits) { deferredRelease_ |= bits; }
 
+  // The set-ups of the factory operations, run once on a new task under its lock: each binds
+  // the task to its plug-in and has the plug-in make its task.
+  void setUpCreate(const Text& savedTaskName, const Text& channelNames, zqerr_Status* status);
+  void setUpGrpc(const Text& sessionName, int32_t sessionFlags, zqerr_Status* status);
+  void setUpFromString(uint32_t format, const Text& configString, zqerr_Status* status);
+  void setUpLoad(zqerr_Status* status);
+  void setUpPlatform(const Text& savedTaskName, zqerr_Status* status);
+  void setUpAuto(const Text& channelNames, zqerr_Status* status);
+  void setUpWatchdog(const Text& deviceName, zqerr_Status* status);
+  void setUpScanlist(const Text& scanList, zqerr_Status* status);
+
   // For inspection by the owner and by tests.
   const std::string& pluginName() const { return pluginName_; }
   bool hasPluginTask() const { return static_cast<bool>(pluginTask_); }
@@ -130,6 +141,14 @@ class Task final : public ITask, public std::enable_shared_from_this<Task> {
  private:
   class FrameLock;
   class ChannelCreationScope;
+
+  struct Selection;
+  template <class Bind, class Make>
+  void runSetUp(bool announce, zqerr_Status* status, Bind&& bind, Make&& make);
+  void bindSelection(Selection& selection, zqerr_Status* status);
+  void bindFixedPlugin(const char* pluginName, zqerr_Status* status);
+  void keepPluginTask(zqvorexPlugin_Task_undefined* handle);
+  std::string contextName() const;
 
   void attachPhysicalChannels(const Text& list, ChannelCreationScope& scope, zqerr_Status* status);
   void attachGlobalChannels(const Text& channelNames, ChannelCreationScope& scope, zqerr_Status* status);

@@ -62,7 +62,7 @@ void Task::attachPhysicalChannels(const Text& list, ChannelCreationScope& scope,
 
   std::string selected;
   bool debuggable = false;
-  pluginSelector_->selectForDevices(deviceNames_, context_ ? context_->getName() : std::string(), &selected,
+  pluginSelector_->selectForDevices(deviceNames_, contextName(), &selected,
                                     &debuggable, status);
   if (!zqerr::isOpen(status)) return;
   std::shared_ptr<Plugin> plugin;
@@ -86,8 +86,7 @@ void Task::createPluginContext(zqerr_Status* status) {
     return;
   }
   if (pluginContext_) return;
-  const std::string contextName = context_ ? context_->getName() : std::string();
-  zqvorexPlugin_Context_undefined* handle = plugin_->createContext(contextName.c_str(), status);
+  zqvorexPlugin_Context_undefined* handle = plugin_->createContext(contextName().c_str(), status);
   setPluginContext(holdPluginHandle<PluginContextDeleter>(handle, plugin_));
 }
 

@@ -48,7 +48,7 @@ void Task::attachGlobalChannels(const Text& channelNames, ChannelCreationScope& 
   NameSet channels = physicalChannels_;
   std::string selected;
   bool debuggable = false;
-  pluginSelector_->selectForTask(std::string(), channelNames, context_ ? context_->getName() : std::string(),
+  pluginSelector_->selectForTask(std::string(), channelNames, contextName(),
                                  &selected, &debuggable, &devices, &channels, status);
   if (!zqerr::isOpen(status)) return;
   addNew(devices, deviceNames_, scope.addedDevices);

@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "build_probe.h"
+#include "debug/debug_server_factory.h"
+#include "globals/shared_factory.h"
 #include "fresh_root.h"
 #include "globals/one_time.h"
 #include "report_query.h"
@@ -119,6 +121,9 @@ TEST(SharedGlobals, ServicesAreWiredFromTheInstallation) {
     EXPECT_EQ(nZQCAI100::getTlsManager(&status).get(), &nZQCAI100::tlsManager());
     EXPECT_NE(g->systemSettings, nullptr);
     EXPECT_NE(g->pluginSelector, nullptr);
+    EXPECT_NE(dynamic_cast<nZQCAI100::SharedFactory*>(g->taskFactory.get()), nullptr);
+    EXPECT_EQ(nZQCAI100::getTaskFactory(&status), g->taskFactory);
+    EXPECT_NE(dynamic_cast<zqvorexRedir::DebugServerFactoryWithCache*>(g->debugServerFactory.get()), nullptr);
     const std::pair<const void*, const void*> views[] = {
         {g->storage.get(), g->storageLibrary.get()},
         {g->capabilities.get(), g->capabilitiesLibrary.get()},

@@ -178,9 +178,7 @@ void setDeviceAttributeI32(zqvorexPlugin_Task_undefined* task, const zqgopher_Ar
 
 template <class Fn>
 void bind(zqvorexRedir::Plugin& plugin, const char* name, Fn function) {
-  for (size_t i = 0; i < zqvorexRedir::Plugin::kOperationCount; ++i)
-    if (std::strcmp(zqvorexRedir::Plugin::kNames[i], name) == 0)
-      plugin.setSlot(i, reinterpret_cast<void*>(function));
+  bindSlot(plugin, name, function);
 }
 
 }  // namespace
@@ -194,6 +192,9 @@ zqvorexPlugin_Task_undefined* slotTaskHandle() { return reinterpret_cast<zqvorex
 zqvorexPlugin_Context_undefined* slotContextHandle() {
   return reinterpret_cast<zqvorexPlugin_Context_undefined*>(&contextObject);
 }
+
+void recordSlotCall(std::string entry, zqerr_Status* status) { record(std::move(entry), status); }
+std::string slotHandleText(const void* handle) { return handleText(handle); }
 
 void failNextSlotCall(int32_t code) { nextFailure = code; }
 SlotTaskContents& slotTaskContents() { return contents(); }

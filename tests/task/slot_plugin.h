@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "plugin/plugin.h"
@@ -33,6 +34,18 @@ struct SlotTaskContents {
   std::map<std::string, std::string> physicalNames;
 };
 SlotTaskContents& slotTaskContents();
+
+// Records a call as the slots do, failing it as asked above; for slots that a test adds.
+void recordSlotCall(std::string entry, zqerr_Status* status);
+// The handle texts of the log: "task", "context", "other" or "null".
+std::string slotHandleText(const void* handle);
+
+// Puts `function` into the slot of the operation `name`.
+template <class Fn>
+void bindSlot(zqvorexRedir::Plugin& plugin, const char* name, Fn function) {
+  for (size_t i = 0; i < zqvorexRedir::Plugin::kOperationCount; ++i)
+    if (std::string_view(zqvorexRedir::Plugin::kNames[i]) == name) plugin.setSlot(i, reinterpret_cast<void*>(function));
+}
 
 // A plug-in with the slots of this program filled.
 std::shared_ptr<zqvorexRedir::Plugin> makeSlotPlugin();
