@@ -16,6 +16,7 @@
 #include "plugin/plugin_handles.h"
 #include "plugin/plugin_manager.h"
 #include "selection/plugin_selector.h"
+#include "task/event_cache.h"
 #include "task/itask.h"
 
 namespace zqvorexRedir {
@@ -137,6 +138,16 @@ class Task final : public ITask, public std::enable_shared_from_this<Task> {
                                 zqerr_Status* status);
   void configureLoggingOwn(const Text& filePath, int32_t loggingMode, const Text& groupName, int32_t operation,
                            zqerr_Status* status);
+  zqvorexPlugin_EventToken registerEveryNSamplesEventOwn(int32_t eventId, uint32_t nSamples, bool direct,
+                                                          zqgopher_IEventEveryNSamples* event, zqerr_Status* status);
+  zqvorexPlugin_EventToken registerDoneEventOwn(bool direct, zqgopher_IEventDone* event, zqerr_Status* status);
+  zqvorexPlugin_EventToken registerSignalEventOwn(int32_t signalId, bool direct, zqgopher_IEventSignal* event,
+                                                  zqerr_Status* status);
+  void unregisterEventOwn(zqvorexPlugin_EventToken token, zqerr_Status* status);
+  // Enters a token that the plug-in gave into the cache; takes the registration back when that fails.
+  zqvorexPlugin_EventToken keepEventToken(Plugin& plugin, zqvorexPlugin_Task_undefined* pluginTask, int32_t eventId,
+                                          zqvorexPlugin_EventToken token, const void* boundaryObject,
+                                          zqerr_Status* status);
 
  private:
   class FrameLock;
@@ -197,6 +208,7 @@ class Task final : public ITask, public std::enable_shared_from_this<Task> {
   std::shared_ptr<Plugin> plugin_;
   PluginContextPtr pluginContext_;
   PluginTaskPtr pluginTask_;
+  EventCache eventCache_;
   NameSet deviceNames_;
   NameSet physicalChannels_;
   DebugSessionAttributes debugAttributes_;

@@ -59,8 +59,6 @@ void Task::unlock() {
   target.reset();
 }
 
-EventTokens Task::getEvents(int32_t, zqerr_Status*) { return {}; }
-
 void Task::setPlugin(std::shared_ptr<Plugin> plugin, std::string pluginName) {
   std::lock_guard<zqplatform::SlimLock> state(stateLock_);
   plugin_ = std::move(plugin);

@@ -4,6 +4,7 @@
 #include "status/report_writer.h"
 #include "status/status_codes.h"
 #include "task/channel_creation_scope.h"
+#include "task/sample_mirror.h"
 #include "task/task_routes.h"
 
 namespace zqvorexRedir {
@@ -51,6 +52,15 @@ void Task::failChannelNotInTask(const zqgopher::StringArrayView& channels, zqerr
         return self.op##Own args;                                                                     \
       } else if constexpr (route == OpRoute::channelCreation) {                                       \
         return self.template runChannelCreation<R>(status, taskframe::firstOf(ZQ_TASK_ARGS args), forward); \
+      } else if constexpr (route == OpRoute::mirrored) {                                              \
+        auto mirrored = [&](auto& plugin, auto* handle) -> R {                                        \
+          auto count = forward(plugin, handle);                                                       \
+          mirrorSamples<mirrorRowOf(#op)>(self.debugTarget_.get(), self.targetFlags_, count, ZQ_TASK_ARGS args); \
+          return count;                                                                               \
+        };                                                                                            \
+        return self.template runFrame<R>(                                                             \
+            status, mirrored,                                                                         \
+            [&]() -> R { return answerUnbound<R, unboundRouteOf(#op)>(self, ZQ_TASK_ARGS args); });  \
       } else {                                                                                        \
         return self.template runFrame<R>(                                                             \
             status, forward, [&]() -> R { return answerUnbound<R, route>(self, ZQ_TASK_ARGS args); }); \

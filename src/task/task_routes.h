@@ -15,9 +15,10 @@ enum class OpRoute {
   channelCreation,  // the creation frame: the channel's devices may bind the task first
   nothing,          // without a plug-in task: returns at once
   done,             // without a plug-in task: answers true
+  mirrored,         // reads and writes: a debug target that asks for them is shown the samples
 };
 
-inline constexpr std::array<std::string_view, 24> kOwnOperations = {
+inline constexpr std::array<std::string_view, 28> kOwnOperations = {
     "commitDebugSession",      "abortTask",
     "getTaskAttributeBool",    "getTaskAttributeI32",
     "getTaskAttributeString",  "getTaskAttributeStringVtr",
@@ -30,6 +31,8 @@ inline constexpr std::array<std::string_view, 24> kOwnOperations = {
     "configureWatchdogDOExpirStates", "setReadAttributeI32",
     "resetReadAttributeI32",   "configureLogging",
     "addChannelsToTask",       "rollbackFailedChannelCreations",
+    "registerEveryNSamplesEvent", "registerDoneEvent",
+    "registerSignalEvent",     "unregisterEvent",
 };
 
 constexpr bool startsWith(std::string_view name, std::string_view prefix) { return name.starts_with(prefix); }
@@ -40,10 +43,9 @@ constexpr bool isOwnOperation(std::string_view name) {
   return false;
 }
 
-constexpr OpRoute routeOf(std::string_view name) {
-  if (isOwnOperation(name)) return OpRoute::own;
+// What a task without a plug-in task answers, by the operation's family.
+constexpr OpRoute unboundRouteOf(std::string_view name) {
   if (name == "isTaskDone") return OpRoute::done;
-  if (startsWith(name, "create") && name != "createTimingSource") return OpRoute::channelCreation;
   if (name == "waitUntilTaskDone") return OpRoute::nothing;
   if (startsWith(name, "setChannelAttribute") || startsWith(name, "resetChannelAttribute"))
     return OpRoute::channelSetReset;
@@ -52,6 +54,15 @@ constexpr OpRoute routeOf(std::string_view name) {
       startsWith(name, "writeRaw") || startsWith(name, "perform"))
     return OpRoute::noChannels;
   return OpRoute::noDevice;
+}
+
+constexpr bool mirrorsSamples(std::string_view name) { return startsWith(name, "read") || startsWith(name, "write"); }
+
+constexpr OpRoute routeOf(std::string_view name) {
+  if (isOwnOperation(name)) return OpRoute::own;
+  if (startsWith(name, "create") && name != "createTimingSource") return OpRoute::channelCreation;
+  if (mirrorsSamples(name)) return OpRoute::mirrored;
+  return unboundRouteOf(name);
 }
 
 }  // namespace zqvorexRedir

@@ -176,6 +176,27 @@ void setDeviceAttributeI32(zqvorexPlugin_Task_undefined* task, const zqgopher_Ar
          status);
 }
 
+zqvorexPlugin_EventToken nextEventToken = 1;
+zqvorexPlugin_EventToken takeEventToken(zqerr_Status* status) { return status->code < 0 ? 0 : nextEventToken++; }
+zqvorexPlugin_EventToken registerEveryNSamplesEvent(zqvorexPlugin_Task_undefined* task, int32_t id, uint32_t n, bool,
+                                                    zqgopher_IEventEveryNSamples*, zqerr_Status* status) {
+  record("registerEveryNSamplesEvent:" + handleText(task) + ":" + std::to_string(id) + ":" + std::to_string(n), status);
+  return takeEventToken(status);
+}
+zqvorexPlugin_EventToken registerDoneEvent(zqvorexPlugin_Task_undefined* task, bool, zqgopher_IEventDone*,
+                                           zqerr_Status* status) {
+  record("registerDoneEvent:" + handleText(task), status);
+  return takeEventToken(status);
+}
+zqvorexPlugin_EventToken registerSignalEvent(zqvorexPlugin_Task_undefined* task, int32_t signal, bool,
+                                             zqgopher_IEventSignal*, zqerr_Status* status) {
+  record("registerSignalEvent:" + handleText(task) + ":" + std::to_string(signal), status);
+  return takeEventToken(status);
+}
+void unregisterEvent(zqvorexPlugin_Task_undefined* task, zqvorexPlugin_EventToken token, zqerr_Status* status) {
+  record("unregisterEvent:" + handleText(task) + ":" + std::to_string(token), status);
+}
+
 template <class Fn>
 void bind(zqvorexRedir::Plugin& plugin, const char* name, Fn function) {
   bindSlot(plugin, name, function);
@@ -197,6 +218,7 @@ void recordSlotCall(std::string entry, zqerr_Status* status) { record(std::move(
 std::string slotHandleText(const void* handle) { return handleText(handle); }
 
 void failNextSlotCall(int32_t code) { nextFailure = code; }
+void setNextSlotEventToken(zqvorexPlugin_EventToken token) { nextEventToken = token; }
 SlotTaskContents& slotTaskContents() { return contents(); }
 void failSlotCalls(const std::string& op, int32_t code) { failures()[op] = code; }
 void clearSlotFailures() {
@@ -234,6 +256,10 @@ std::shared_ptr<zqvorexRedir::Plugin> makeSlotPlugin() {
   bind(*plugin, "setReadAttributeI32", &setReadAttributeI32);
   bind(*plugin, "resetReadAttributeI32", &resetReadAttributeI32);
   bind(*plugin, "configureLogging", &configureLogging);
+  bind(*plugin, "registerEveryNSamplesEvent", &registerEveryNSamplesEvent);
+  bind(*plugin, "registerDoneEvent", &registerDoneEvent);
+  bind(*plugin, "registerSignalEvent", &registerSignalEvent);
+  bind(*plugin, "unregisterEvent", &unregisterEvent);
   return plugin;
 }
 

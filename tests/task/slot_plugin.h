@@ -47,6 +47,9 @@ void bindSlot(zqvorexRedir::Plugin& plugin, const char* name, Fn function) {
     if (std::string_view(zqvorexRedir::Plugin::kNames[i]) == name) plugin.setSlot(i, reinterpret_cast<void*>(function));
 }
 
+// The token that the next event registration of the slots gives; each one counts up from it.
+void setNextSlotEventToken(zqvorexPlugin_EventToken token);
+
 // A plug-in with the slots of this program filled.
 std::shared_ptr<zqvorexRedir::Plugin> makeSlotPlugin();
 
