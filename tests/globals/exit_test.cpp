@@ -3,12 +3,16 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <iterator>
 #include <memory>
 
 #include "fresh_root.h"
 #include "globals/one_time.h"
 #include "globals/shared_globals.h"
+#include "contexts/context.h"
 #include "recording_task.h"
+#include "task/task.h"
 
 namespace {
 
@@ -17,6 +21,7 @@ using zqtest::Installation;
 using zqtest::SharedFolder;
 
 constexpr const char* kStorageFile = ZQ_TEST_STORAGE_LIBRARY;
+constexpr const char* kDrivePluginFile = ZQ_TEST_DRIVE_PLUGIN;
 constexpr const char* kDestroyed = "task destroyed";
 
 // A pooled task whose destruction writes kDestroyed to stderr, as a plug-in call at the end of
@@ -53,6 +58,40 @@ TEST(SharedGlobalsExit, FinishAbandonsTheRecordWithItsTasks) {
   });
 }
 
+// A task of the factory, bound to the plug-in library zqtestDrive as a first channel would bind
+// it, and left in the pool. The library writes each call it receives to ZQTEST_DRIVE_LOG.
+void poolBoundTask(bool clear) {
+  zqerr::Status status;
+  auto factory = nZQCAI100::getTaskFactory(&status);
+  auto pool = nZQCAI100::getTaskPool(&status);
+  ASSERT_EQ(status.code, 0) << status.report;
+  auto context = std::make_shared<zqvorexRedir::Context>("127.0.0.1");
+  std::shared_ptr<zqvorexRedir::ITask> task =
+      factory->createTask(context, "", "", "LeftBehind", zqvorexRedir::kTaskKindCreated, &status);
+  auto* bound = dynamic_cast<zqvorexRedir::Task*>(task.get());
+  ASSERT_NE(bound, nullptr);
+  auto plugin = currentSharedGlobals()->pluginManager->getPlugin("zqtestDrive", &status);
+  ASSERT_NE(plugin, nullptr) << status.report;
+  using zqvorexRedir::holdPluginHandle;
+  zqvorexPlugin_Context_undefined* pluginContext = plugin->createContext(context->getName().c_str(), &status);
+  zqvorexPlugin_Task_undefined* pluginTask = plugin->createTask(pluginContext, "LeftBehind", "", "", 4, &status);
+  bound->setPlugin(plugin, "zqtestDrive");
+  bound->setPluginContext(holdPluginHandle<zqvorexRedir::PluginContextDeleter>(pluginContext, plugin));
+  bound->setPluginTask(holdPluginHandle<zqvorexRedir::PluginTaskDeleter>(pluginTask, plugin));
+  pool->addTask(task, &status);
+  if (clear) pool->removeTask(task, &status);
+  EXPECT_EQ(status.code, 0) << status.report;
+}
+
+std::string readText(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+bool logHasCallTo(const std::string& log, const char* operation) {
+  return log.find(std::string("\n") + operation + " ") != std::string::npos;
+}
+
 struct ExitCase {
   const char* label;
   bool clearBeforeExit;
@@ -61,29 +100,32 @@ struct ExitCase {
 class ProcessExit : public testing::TestWithParam<ExitCase> {};
 
 // A normal process exit runs the exit actions: a task the application never cleared is not
-// destroyed, so no plug-in code runs during exit. A cleared task is, as the control.
-TEST_P(ProcessExit, DestroysOnlyTheTasksThatWereCleared) {
+// destroyed, so its plug-in hears nothing during exit. A cleared task is, as the control.
+TEST_P(ProcessExit, CallsThePluginOnlyForTheTasksThatWereCleared) {
   const ExitCase& c = GetParam();
   SharedFolder folder(std::string("exit-") + c.label);
   folder.install(kStorageFile);
+  folder.install(kDrivePluginFile);
+  const std::string log = folder.text() + "/drive.log";
+  std::remove(log.c_str());
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  auto matcher = c.clearBeforeExit ? testing::Matcher<const std::string&>(testing::HasSubstr(kDestroyed))
-                                   : testing::Matcher<const std::string&>(testing::Not(testing::HasSubstr(kDestroyed)));
   EXPECT_EXIT(
       {
         {
           Installation installation;  // ended here: exit() ends no local object
           installation.setSharedFolder64(folder.text());
-          std::weak_ptr<zqvorexRedir::ITask> watch;
-          auto pool = poolWithWatchedTask(&watch);
-          if (c.clearBeforeExit && pool) {
-            zqerr::Status status;
-            pool->removeTask(watch.lock(), &status);
-          }
+          // putenv keeps the text itself, which must outlive every exit action.
+          putenv((new std::string("ZQTEST_DRIVE_LOG=" + log))->data());
+          poolBoundTask(c.clearBeforeExit);
+          if (testing::Test::HasFailure()) std::_Exit(1);
         }
         std::exit(0);
       },
-      testing::ExitedWithCode(0), matcher);
+      testing::ExitedWithCode(0), "");
+  const std::string calls = "\n" + readText(log);
+  EXPECT_TRUE(logHasCallTo(calls, "createTask")) << calls;
+  EXPECT_EQ(logHasCallTo(calls, "destroyTask"), c.clearBeforeExit) << calls;
+  EXPECT_EQ(logHasCallTo(calls, "destroyContext"), c.clearBeforeExit) << calls;
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, ProcessExit,

@@ -1,0 +1,68 @@
+/* The test-only side of the plug-in library zqtestDrive: switches a test turns and counters it
+ * reads, exported beside the plug-in operations as zqtestDrive_test<Name>. A test program finds
+ * them by name through the platform's library loading; the library under test never calls them.
+ *
+ * The plug-in itself:
+ * - createContext/destroyContext, createTask/destroyTask keep simple records; the log file
+ *   named by the environment variable ZQTEST_DRIVE_LOG receives one line per event:
+ *   "load", "createContext <context>", "createTask <task>", "destroyTask <task>",
+ *   "destroyContext <context>", "unload" (the last from the library's own exit).
+ * - createAIVoltageChannel adds one channel per entry of the physical channel list; an entry
+ *   whose channel part is "fail" makes it report the channel fail code (default
+ *   zqtestDrive_kChannelFailCode) after adding the entries before it, as a device that fails
+ *   half way would, so that rollbackFailedChannelCreations has something to take back.
+ * - readScaledVectorF64 fills every channel with zqtestDrive_sample(channel, sample). When reads
+ *   block for the task (a switch, by task name), it waits inside the plug-in until abortTask is
+ *   called on that task, then reports zqtestDrive_kReadAbortedCode.
+ * - registerDoneEvent, registerEveryNSamplesEvent, registerSignalEvent hand out tokens 1, 2, 3...
+ *   per task; unregisterEvent takes one back and fails for an unknown token. */
+#ifndef ZQTEST_DRIVE_SWITCHES_H
+#define ZQTEST_DRIVE_SWITCHES_H
+
+#include <stdint.h>
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* What a read that abortTask interrupted reports: the driver's "operation aborted". */
+#define zqtestDrive_kReadAbortedCode (-88710)
+/* What a channel creation with a "fail" channel reports unless a test chose another code. */
+#define zqtestDrive_kChannelFailCode (-200170)
+/* An unknown event token given to unregisterEvent, an unknown channel. */
+#define zqtestDrive_kUnknownTokenCode (-200985)
+#define zqtestDrive_kUnknownChannelCode (-200486)
+
+/* The value a read writes for sample `sample` of channel `channel`. */
+static inline double zqtestDrive_sample(uint32_t channel, uint64_t sample) {
+  return (double)channel * 1000.0 + (double)sample + 0.5;
+}
+
+/* The counters of zqtestDrive_testCounter. */
+enum {
+  zqtestDrive_contextsLive = 0,
+  zqtestDrive_tasksLive,
+  zqtestDrive_reads,        /* reads that returned data */
+  zqtestDrive_readsAborted, /* reads ended by abortTask */
+  zqtestDrive_aborts,
+  zqtestDrive_attributeSets,
+  zqtestDrive_channelsCreated,
+  zqtestDrive_eventsRegistered,
+  zqtestDrive_eventsUnregistered,
+  zqtestDrive_counterCount
+};
+
+/* Reads of the task named `taskName` block until aborted (on != 0) or return at once. */
+typedef void (*zqtestDrive_testSetBlockReads_fn)(const char* taskName, int32_t on);
+/* The code a failing channel creation reports. */
+typedef void (*zqtestDrive_testSetChannelFailCode_fn)(int32_t code);
+/* Waits until at least `count` reads are blocked in the plug-in; gives 0 when `limitMs` passes
+ * first (a guard against a hang, not a measure of time). */
+typedef int32_t (*zqtestDrive_testAwaitBlockedReads_fn)(uint32_t count, uint32_t limitMs);
+typedef int64_t (*zqtestDrive_testCounter_fn)(int32_t counter);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

@@ -1,0 +1,171 @@
+// Channels of zqtestDrive and the attributes that describe them: what a task learns of its
+// devices and physical channels after a rollback comes from here.
+#include <algorithm>
+#include <set>
+#include <type_traits>
+
+#include "drive_state.h"
+#include "native_export.h"
+
+using namespace zqtestdrive;
+
+namespace {
+
+constexpr int32_t kTaskDevicesId = 0x230E;
+constexpr int32_t kTaskChannelsId = 0x1273;
+constexpr int32_t kPhysicalChanNameId = 0x18F5;
+constexpr int32_t kUnsupportedAttributeCode = -200452;
+
+std::vector<std::string> splitList(const char* text) {
+  std::vector<std::string> entries;
+  std::string current;
+  auto finish = [&] {
+    const size_t first = current.find_first_not_of(' ');
+    const size_t last = current.find_last_not_of(' ');
+    std::string entry = first == std::string::npos ? std::string() : current.substr(first, last - first + 1);
+    if (!entry.empty() && entry[0] == '/') entry.erase(0, 1);
+    if (!entry.empty()) entries.push_back(entry);
+    current.clear();
+  };
+  for (const char* at = text ? text : ""; *at; ++at) {
+    if (*at == ',') {
+      finish();
+    } else {
+      current += *at;
+    }
+  }
+  finish();
+  return entries;
+}
+
+std::string channelPart(const std::string& physical) {
+  const size_t slash = physical.find('/');
+  return slash == std::string::npos ? physical : physical.substr(slash + 1);
+}
+
+void addStrings(zqgopher_IItemAdder* adder, const std::vector<std::string>& items, zqerr_Status* status) {
+  adder->table.strings->clear(adder, status);
+  for (const std::string& item : items) adder->table.strings->add(adder, item.c_str(), status);
+}
+
+}  // namespace
+
+extern "C" {
+
+ZQ_NATIVE_EXPORT void zqtestDrive_createAIVoltageChannel(
+    zqvorexPlugin_Task_undefined* task, const char* physicalChannel, const char* nameToAssign, int32_t,
+    double, double, int32_t, const char*, zqgopher_IItemAdder* createdChannels, zqerr_Status* status) {
+  if (!isOpen(status)) return;
+  DriveTask& record = *asTask(task);
+  const std::vector<std::string> entries = splitList(physicalChannel);
+  const std::vector<std::string> names = splitList(nameToAssign);
+  std::lock_guard<std::mutex> guard(record.mutex);
+  for (size_t i = 0; i < entries.size(); ++i) {
+    // A device that fails half way keeps what it made before: rollback takes that back.
+    if (channelPart(entries[i]) == "fail") {
+      fail(status, channelFailCode());
+      return;
+    }
+    Channel channel{i < names.size() ? names[i] : entries[i], entries[i]};
+    record.channels.push_back(channel);
+    count(zqtestDrive_channelsCreated);
+    if (createdChannels) createdChannels->table.strings->add(createdChannels, channel.name.c_str(), status);
+  }
+}
+
+ZQ_NATIVE_EXPORT void zqtestDrive_rollbackFailedChannelCreations(zqvorexPlugin_Task_undefined* task,
+                                                                 const char* channelNames,
+                                                                 zqerr_Status* status) {
+  if (!isOpen(status)) return;
+  DriveTask& record = *asTask(task);
+  const std::vector<std::string> names = splitList(channelNames);
+  std::lock_guard<std::mutex> guard(record.mutex);
+  auto named = [&](const Channel& channel) {
+    return std::find(names.begin(), names.end(), channel.name) != names.end();
+  };
+  record.channels.erase(std::remove_if(record.channels.begin(), record.channels.end(), named),
+                        record.channels.end());
+}
+
+ZQ_NATIVE_EXPORT void zqtestDrive_getTaskAttributeStringVtr(zqvorexPlugin_Task_undefined* task,
+                                                            int32_t attributeId, zqgopher_IItemAdder* value,
+                                                            zqerr_Status* status) {
+  if (!isOpen(status)) return;
+  DriveTask& record = *asTask(task);
+  std::vector<std::string> items;
+  {
+    std::lock_guard<std::mutex> guard(record.mutex);
+    if (attributeId == kTaskDevicesId) {
+      std::set<std::string> devices;
+      for (const Channel& channel : record.channels)
+        devices.insert(channel.physical.substr(0, channel.physical.find('/')));
+      items.assign(devices.begin(), devices.end());
+    } else if (attributeId == kTaskChannelsId) {
+      for (const Channel& channel : record.channels) items.push_back(channel.name);
+    } else {
+      fail(status, kUnsupportedAttributeCode);
+      return;
+    }
+  }
+  addStrings(value, items, status);
+}
+
+ZQ_NATIVE_EXPORT void zqtestDrive_getChannelAttributeString(zqvorexPlugin_Task_undefined* task,
+                                                            const zqgopher_ArrayView* channels,
+                                                            int32_t attributeId, zqgopher_IString* value,
+                                                            zqerr_Status* status) {
+  if (!isOpen(status)) return;
+  if (attributeId != kPhysicalChanNameId) {
+    fail(status, kUnsupportedAttributeCode);
+    return;
+  }
+  DriveTask& record = *asTask(task);
+  std::string text;
+  {
+    std::lock_guard<std::mutex> guard(record.mutex);
+    const char* const* wanted = zqgopher_ArrayView_strings(channels);
+    for (uint64_t i = 0; i < channels->count; ++i) {
+      auto found = std::find_if(record.channels.begin(), record.channels.end(),
+                                [&](const Channel& channel) { return channel.name == wanted[i]; });
+      if (found == record.channels.end()) {
+        fail(status, zqtestDrive_kUnknownChannelCode);
+        return;
+      }
+      text += (text.empty() ? "" : ",") + found->physical;
+    }
+  }
+  value->table->assign(value, text.data(), text.size(), status);
+}
+
+ZQ_NATIVE_EXPORT int32_t zqtestDrive_getTaskAttributeI32(zqvorexPlugin_Task_undefined* task,
+                                                         int32_t attributeId, zqerr_Status* status) {
+  if (!isOpen(status)) return 0;
+  DriveTask& record = *asTask(task);
+  std::lock_guard<std::mutex> guard(record.mutex);
+  auto found = record.i32Values.find(attributeId);
+  return found == record.i32Values.end() ? 0 : found->second;
+}
+
+ZQ_NATIVE_EXPORT void zqtestDrive_setTaskAttributeI32(zqvorexPlugin_Task_undefined* task, int32_t attributeId,
+                                                      int32_t value, zqerr_Status* status) {
+  if (!isOpen(status)) return;
+  DriveTask& record = *asTask(task);
+  std::lock_guard<std::mutex> guard(record.mutex);
+  record.i32Values[attributeId] = value;
+  count(zqtestDrive_attributeSets);
+}
+
+}  // extern "C"
+
+static_assert(
+    std::is_same_v<decltype(&zqtestDrive_createAIVoltageChannel), zqvorexPlugin_createAIVoltageChannel_fn>);
+static_assert(std::is_same_v<decltype(&zqtestDrive_rollbackFailedChannelCreations),
+                             zqvorexPlugin_rollbackFailedChannelCreations_fn>);
+static_assert(std::is_same_v<decltype(&zqtestDrive_getTaskAttributeStringVtr),
+                             zqvorexPlugin_getTaskAttributeStringVtr_fn>);
+static_assert(std::is_same_v<decltype(&zqtestDrive_getChannelAttributeString),
+                             zqvorexPlugin_getChannelAttributeString_fn>);
+static_assert(
+    std::is_same_v<decltype(&zqtestDrive_getTaskAttributeI32), zqvorexPlugin_getTaskAttributeI32_fn>);
+static_assert(
+    std::is_same_v<decltype(&zqtestDrive_setTaskAttributeI32), zqvorexPlugin_setTaskAttributeI32_fn>);

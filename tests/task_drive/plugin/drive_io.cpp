@@ -1,0 +1,123 @@
+// Reads, abort and events of zqtestDrive. A blocking read waits on the task's condition with
+// the task's mutex released, so that abortTask, which may come while the read is in progress,
+// gets in and ends it.
+#include <algorithm>
+#include <type_traits>
+
+#include "drive_state.h"
+#include "native_export.h"
+
+using namespace zqtestdrive;
+
+namespace {
+
+constexpr int32_t kNoChannelsCode = -200478;
+// What a read for "all available samples" (-1) gives.
+constexpr uint64_t kAvailableSamples = 4;
+
+uint32_t waitForAbort(DriveTask& record, std::unique_lock<std::mutex>& guard, zqerr_Status* status) {
+  const uint64_t generation = record.abortGeneration;
+  noteBlockedRead(1);
+  record.aborted.wait(guard, [&] { return record.abortGeneration != generation; });
+  noteBlockedRead(-1);
+  count(zqtestDrive_readsAborted);
+  fail(status, zqtestDrive_kReadAbortedCode);
+  return 0;
+}
+
+zqvorexPlugin_EventToken registerToken(zqvorexPlugin_Task_undefined* task, zqerr_Status* status) {
+  if (!isOpen(status)) return 0;
+  DriveTask& record = *asTask(task);
+  std::lock_guard<std::mutex> guard(record.mutex);
+  const uint64_t token = record.nextToken++;
+  record.liveTokens.push_back(token);
+  count(zqtestDrive_eventsRegistered);
+  return token;
+}
+
+}  // namespace
+
+extern "C" {
+
+ZQ_NATIVE_EXPORT uint32_t zqtestDrive_readScaledVectorF64(zqvorexPlugin_Task_undefined* task, uint32_t,
+                                                          zqgopher_IArrayBuffer* buffer,
+                                                          const zqvorexPlugin_ReadLayout* layout,
+                                                          int64_t numSampsPerChan, double, void*,
+                                                          zqerr_Status* status) {
+  if (!isOpen(status)) return 0;
+  DriveTask& record = *asTask(task);
+  std::unique_lock<std::mutex> guard(record.mutex);
+  if (readsBlockFor(record.name)) return waitForAbort(record, guard, status);
+  const auto channels = static_cast<uint32_t>(record.channels.size());
+  if (channels == 0) {
+    fail(status, kNoChannelsCode);
+    return 0;
+  }
+  const uint64_t samples = numSampsPerChan < 0 ? kAvailableSamples : static_cast<uint64_t>(numSampsPerChan);
+  buffer->table->resize(buffer, channels, samples, status);
+  auto* data = static_cast<double*>(buffer->table->getMutableData(buffer, 0, status));
+  if (!isOpen(status) || !data) return 0;
+  const bool byScan = layout && layout->groupByScanNumber != 0;
+  for (uint32_t c = 0; c < channels; ++c) {
+    for (uint64_t s = 0; s < samples; ++s)
+      data[byScan ? s * channels + c : c * samples + s] = zqtestDrive_sample(c, s);
+  }
+  count(zqtestDrive_reads);
+  return static_cast<uint32_t>(samples);
+}
+
+ZQ_NATIVE_EXPORT void zqtestDrive_abortTask(zqvorexPlugin_Task_undefined* task, zqerr_Status* status) {
+  if (!isOpen(status)) return;
+  DriveTask& record = *asTask(task);
+  {
+    std::lock_guard<std::mutex> guard(record.mutex);
+    ++record.abortGeneration;
+    count(zqtestDrive_aborts);
+  }
+  record.aborted.notify_all();
+}
+
+ZQ_NATIVE_EXPORT zqvorexPlugin_EventToken zqtestDrive_registerDoneEvent(zqvorexPlugin_Task_undefined* task,
+                                                                        bool, zqgopher_IEventDone*,
+                                                                        zqerr_Status* status) {
+  return registerToken(task, status);
+}
+
+ZQ_NATIVE_EXPORT zqvorexPlugin_EventToken
+zqtestDrive_registerEveryNSamplesEvent(zqvorexPlugin_Task_undefined* task, int32_t, uint32_t, bool,
+                                       zqgopher_IEventEveryNSamples*, zqerr_Status* status) {
+  return registerToken(task, status);
+}
+
+ZQ_NATIVE_EXPORT zqvorexPlugin_EventToken zqtestDrive_registerSignalEvent(zqvorexPlugin_Task_undefined* task,
+                                                                          int32_t, bool,
+                                                                          zqgopher_IEventSignal*,
+                                                                          zqerr_Status* status) {
+  return registerToken(task, status);
+}
+
+ZQ_NATIVE_EXPORT void zqtestDrive_unregisterEvent(zqvorexPlugin_Task_undefined* task,
+                                                  zqvorexPlugin_EventToken token, zqerr_Status* status) {
+  if (!isOpen(status)) return;
+  DriveTask& record = *asTask(task);
+  std::lock_guard<std::mutex> guard(record.mutex);
+  auto found = std::find(record.liveTokens.begin(), record.liveTokens.end(), token);
+  if (found == record.liveTokens.end()) {
+    fail(status, zqtestDrive_kUnknownTokenCode);
+    return;
+  }
+  record.liveTokens.erase(found);
+  count(zqtestDrive_eventsUnregistered);
+}
+
+}  // extern "C"
+
+static_assert(
+    std::is_same_v<decltype(&zqtestDrive_readScaledVectorF64), zqvorexPlugin_readScaledVectorF64_fn>);
+static_assert(std::is_same_v<decltype(&zqtestDrive_abortTask), zqvorexPlugin_abortTask_fn>);
+static_assert(std::is_same_v<decltype(&zqtestDrive_registerDoneEvent), zqvorexPlugin_registerDoneEvent_fn>);
+static_assert(std::is_same_v<decltype(&zqtestDrive_registerEveryNSamplesEvent),
+                             zqvorexPlugin_registerEveryNSamplesEvent_fn>);
+static_assert(
+    std::is_same_v<decltype(&zqtestDrive_registerSignalEvent), zqvorexPlugin_registerSignalEvent_fn>);
+static_assert(std::is_same_v<decltype(&zqtestDrive_unregisterEvent), zqvorexPlugin_unregisterEvent_fn>);
