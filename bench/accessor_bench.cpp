@@ -8,11 +8,10 @@
 // that allocates.
 #include <benchmark/benchmark.h>
 
-#include <chrono>
 #include <memory>
 #include <type_traits>
 
-#include "alloc_counter.h"
+#include "side_by_side.h"
 #include "boundary/array_view.h"
 #include "frame/scalar_frame.h"
 #include "task/itask.h"
@@ -58,7 +57,6 @@ class ConstantTask final : public ITask, public std::enable_shared_from_this<Con
 constexpr zqframe::AccessorInfo kBufSize{"VorexGetBufInputBufSize", 0x186C, nullptr, 1};
 constexpr zqframe::AccessorInfo kAIMax{"VorexGetAIMax", 0x17DD, "channel", 2};
 constexpr const char* kOneChannel = "Dev1/ai0";
-constexpr int kBatch = 256;
 
 // Tracing off for the process, as after a start-up that found no tool.
 void switchOff() {
@@ -67,32 +65,10 @@ void switchOff() {
   zqtrace::initialiseState(failed);
 }
 
-double seconds(std::chrono::steady_clock::duration d) { return std::chrono::duration<double>(d).count(); }
-
-// Times a batch of frame calls and a batch of direct calls in each iteration; the iteration's
-// time is the frame batch's.
 template <class Frame, class Direct>
 void compare(benchmark::State& state, Frame frame, Direct direct, bool mustNotAllocate) {
   switchOff();
-  double frameSeconds = 0, directSeconds = 0;
-  uint64_t frameAllocations = 0;
-  for (auto _ : state) {
-    const uint64_t before = zqbench::allocationCount();
-    const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < kBatch; ++i) frame();
-    const auto middle = std::chrono::steady_clock::now();
-    frameAllocations += zqbench::allocationCount() - before;
-    for (int i = 0; i < kBatch; ++i) direct();
-    const auto end = std::chrono::steady_clock::now();
-    frameSeconds += seconds(middle - start);
-    directSeconds += seconds(end - middle);
-    state.SetIterationTime(seconds(middle - start));
-  }
-  const double calls = static_cast<double>(state.iterations()) * kBatch;
-  state.counters["ratio_to_direct"] = directSeconds > 0 ? frameSeconds / directSeconds : 0;
-  state.counters["allocs_per_call"] = static_cast<double>(frameAllocations) / calls;
-  state.SetItemsProcessed(static_cast<int64_t>(calls));
-  if (mustNotAllocate && frameAllocations != 0) state.SkipWithError("the scalar Get frame allocated");
+  zqbench::sideBySide(state, frame, direct, mustNotAllocate ? "the scalar Get frame allocated" : nullptr);
 }
 
 void ScalarGet_FrameVsDirect(benchmark::State& state) {

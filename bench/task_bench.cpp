@@ -8,11 +8,10 @@
 // when the task allocates.
 #include <benchmark/benchmark.h>
 
-#include <chrono>
 #include <cstring>
 #include <memory>
 
-#include "alloc_counter.h"
+#include "side_by_side.h"
 #include "boundary/array_buffer_adapter.h"
 #include "boundary/array_view.h"
 #include "contexts/context.h"
@@ -75,31 +74,9 @@ struct BoundTask {
   zqvorexPlugin_Task_undefined* handle() const { return reinterpret_cast<zqvorexPlugin_Task_undefined*>(&taskObject); }
 };
 
-constexpr int kBatch = 256;
-
-double seconds(std::chrono::steady_clock::duration d) { return std::chrono::duration<double>(d).count(); }
-
 template <class ThroughTask, class Direct>
 void compare(benchmark::State& state, ThroughTask throughTask, Direct direct) {
-  double taskSeconds = 0, directSeconds = 0;
-  uint64_t allocations = 0;
-  for (auto _ : state) {
-    const uint64_t before = zqbench::allocationCount();
-    const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < kBatch; ++i) throughTask();
-    const auto middle = std::chrono::steady_clock::now();
-    allocations += zqbench::allocationCount() - before;
-    for (int i = 0; i < kBatch; ++i) direct();
-    const auto end = std::chrono::steady_clock::now();
-    taskSeconds += seconds(middle - start);
-    directSeconds += seconds(end - middle);
-    state.SetIterationTime(seconds(middle - start));
-  }
-  const double calls = static_cast<double>(state.iterations()) * kBatch;
-  state.counters["ratio_to_direct"] = directSeconds > 0 ? taskSeconds / directSeconds : 0;
-  state.counters["allocs_per_call"] = static_cast<double>(allocations) / calls;
-  state.SetItemsProcessed(static_cast<int64_t>(calls));
-  if (allocations != 0) state.SkipWithError("a call through the task allocated");
+  zqbench::sideBySide(state, throughTask, direct, "a call through the task allocated");
 }
 
 void BufferAttribute_TaskVsDirect(benchmark::State& state) {
