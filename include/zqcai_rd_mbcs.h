@@ -24,6 +24,9 @@ typedef double float64;
 #include "zqcai_rd_mbcs_attribute_ids.h"
 #include "zqcai_rd_mbcs_accessors.h"
 
+/* The read functions. */
+#include "zqcai_rd_mbcs_read.h"
+
 #ifdef __cplusplus
 }
 #endif

@@ -55,6 +55,7 @@ inline constexpr int32_t kErrorAttrCannotBeSet = -200231;
 inline constexpr int32_t kErrorSpecifiedAttrNotValid = -200233;
 inline constexpr int32_t kErrorAttrCannotBeReset = -200236;
 inline constexpr int32_t kErrorVirtualChanDoesNotExist = -200488;
+inline constexpr int32_t kErrorReservedParamNotNULL = -200492;
 inline constexpr int32_t kErrorNULLPtr = -200604;
 inline constexpr int32_t kErrorNonbufferedOrNoChannels = -201395;
 inline constexpr int32_t kErrorFunctionObsolete = -209823;

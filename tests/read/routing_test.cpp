@@ -1,0 +1,164 @@
+// Every read reaches its own operation with its channel kind, count and layout.
+#include <array>
+#include <functional>
+#include <set>
+
+#include "read_fixture.h"
+
+namespace zqtest {
+namespace {
+
+constexpr int64_t kNoLayout = -1;  // reads without a layout leave layoutSeen as it was
+
+struct Route {
+  const char* function;
+  const char* op;
+  uint64_t kind;
+  int64_t layoutForMode7;  // 1 with a mode parameter, 0 for the counter reads without one
+  std::function<int32_t(TaskHandle, int32_t mode, bool32* reserved)> call;
+};
+
+// Arrays of 16 elements, 4 samples per channel asked for, on two channels.
+double f64a[16], f64b[16];
+uint16_t u16[16];
+int16_t i16a[16], i16b[16];
+uint32_t u32a[16], u32b[16];
+int32_t i32[16];
+uint8_t u8[16];
+int32_t got, bytes;
+double d1, d2;
+uint32_t w1, w2;
+
+const Route kRoutes[] = {
+    {"ReadAnalogF64", "readScaledVectorF64", 10100, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadAnalogF64(h, 4, 1.0, m, f64a, 16, &got, r); }},
+    {"ReadBinaryU16", "readBinaryVectorU16", 10100, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadBinaryU16(h, 4, 1.0, m, u16, 16, &got, r); }},
+    {"ReadBinaryI16", "readBinaryVectorI16", 10100, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadBinaryI16(h, 4, 1.0, m, i16a, 16, &got, r); }},
+    {"ReadBinaryU32", "readBinaryVectorU32", 10100, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadBinaryU32(h, 4, 1.0, m, u32a, 16, &got, r); }},
+    {"ReadBinaryI32", "readBinaryVectorI32", 10100, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadBinaryI32(h, 4, 1.0, m, i32, 16, &got, r); }},
+    {"ReadCounterF64", "readScaledVectorF64", 10131, 0,
+     [](TaskHandle h, int32_t, bool32* r) { return VorexReadCounterF64(h, 4, 1.0, f64a, 16, &got, r); }},
+    {"ReadCounterF64Ex", "readScaledVectorF64", 10131, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadCounterF64Ex(h, 4, 1.0, m, f64a, 16, &got, r); }},
+    {"ReadCounterU32", "readBinaryVectorU32", 10131, 0,
+     [](TaskHandle h, int32_t, bool32* r) { return VorexReadCounterU32(h, 4, 1.0, u32a, 16, &got, r); }},
+    {"ReadCounterU32Ex", "readBinaryVectorU32", 10131, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadCounterU32Ex(h, 4, 1.0, m, u32a, 16, &got, r); }},
+    {"ReadRaw", "readRawU8", 10100, kNoLayout,
+     [](TaskHandle h, int32_t, bool32* r) { return VorexReadRaw(h, 4, 1.0, u8, 16, &got, &bytes, r); }},
+    {"ReadDigitalU8", "readPortVectorU8", 10151, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadDigitalU8(h, 4, 1.0, m, u8, 16, &got, r); }},
+    {"ReadDigitalU16", "readPortVectorU16", 10151, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadDigitalU16(h, 4, 1.0, m, u16, 16, &got, r); }},
+    {"ReadDigitalU32", "readPortVectorU32", 10151, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadDigitalU32(h, 4, 1.0, m, u32a, 16, &got, r); }},
+    {"ReadDigitalLines", "readLineVectorU8", 10151, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadDigitalLines(h, 4, 1.0, m, u8, 16, &got, &bytes, r); }},
+    {"ReadCtrFreq", "readVectorCounterDutyCycleAndFrequencyF64", 10131, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadCtrFreq(h, 4, 1.0, m, f64a, f64b, 16, &got, r); }},
+    {"ReadCtrTime", "readVectorCounterHighAndLowTimesF64", 10131, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadCtrTime(h, 4, 1.0, m, f64a, f64b, 16, &got, r); }},
+    {"ReadCtrTicks", "readVectorCounterHighAndLowTicksU32", 10131, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadCtrTicks(h, 4, 1.0, m, u32a, u32b, 16, &got, r); }},
+    {"ReadPowerF64", "readVectorPowerVoltageAndCurrentF64", 10100, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadPowerF64(h, 4, 1.0, m, f64a, f64b, 16, &got, r); }},
+    {"ReadPowerBinaryI16", "readVectorPowerVoltageAndCurrentI16", 10100, 1,
+     [](TaskHandle h, int32_t m, bool32* r) { return VorexReadPowerBinaryI16(h, 4, 1.0, m, i16a, i16b, 16, &got, r); }},
+};
+
+const Route kScalarRoutes[] = {
+    {"ReadAnalogScalarF64", "readScaledScalarF64", 10100, kNoLayout,
+     [](TaskHandle h, int32_t, bool32* r) { return VorexReadAnalogScalarF64(h, 1.0, &d1, r); }},
+    {"ReadCounterScalarF64", "readScaledScalarF64", 10131, kNoLayout,
+     [](TaskHandle h, int32_t, bool32* r) { return VorexReadCounterScalarF64(h, 1.0, &d1, r); }},
+    {"ReadCounterScalarU32", "readBinaryScalarU32", 10131, kNoLayout,
+     [](TaskHandle h, int32_t, bool32* r) { return VorexReadCounterScalarU32(h, 1.0, &w1, r); }},
+    {"ReadDigitalScalarU32", "readPortScalarU32", 10151, kNoLayout,
+     [](TaskHandle h, int32_t, bool32* r) { return VorexReadDigitalScalarU32(h, 1.0, &w1, r); }},
+    {"ReadCtrFreqScalar", "readScalarCounterDutyCycleAndFrequencyF64", 10131, kNoLayout,
+     [](TaskHandle h, int32_t, bool32* r) { return VorexReadCtrFreqScalar(h, 1.0, &d1, &d2, r); }},
+    {"ReadCtrTimeScalar", "readScalarCounterHighAndLowTimesF64", 10131, kNoLayout,
+     [](TaskHandle h, int32_t, bool32* r) { return VorexReadCtrTimeScalar(h, 1.0, &d1, &d2, r); }},
+    {"ReadCtrTicksScalar", "readScalarCounterHighAndLowTicksU32", 10131, kNoLayout,
+     [](TaskHandle h, int32_t, bool32* r) { return VorexReadCtrTicksScalar(h, 1.0, &w1, &w2, r); }},
+    {"ReadPowerScalarF64", "readScalarPowerVoltageAndCurrentF64", 10100, kNoLayout,
+     [](TaskHandle h, int32_t, bool32* r) { return VorexReadPowerScalarF64(h, 1.0, &d1, &d2, r); }},
+};
+
+using Routing = ReadTest;
+
+TEST_F(Routing, EveryVectorReadReachesItsOperationWithKindCountAndLayout) {
+  for (const Route& r : kRoutes) {
+    for (int32_t mode : {7, 0}) {
+      SCOPED_TRACE(std::string(r.function) + " mode " + std::to_string(mode));
+      task = ReadTask::make();
+      channels({"a", "b"}, 100);
+      task->on("getReadAttributeU32").value(uint32_t{1});
+      task->on(r.op).value(uint32_t{4});
+      EXPECT_EQ(r.call(task->handle(), mode, nullptr), 0);
+      ASSERT_EQ(task->callCount(r.op), 1u);
+      EXPECT_EQ(task->lastCall().op, r.op);
+      EXPECT_EQ(kindSeen(), r.kind);
+      EXPECT_EQ(countSeen(), 4);
+      EXPECT_EQ(task->lastCall().arg("timeout")->value, Value(1.0));
+      const int64_t layout = r.layoutForMode7 == kNoLayout ? kNoLayout : (mode == 0 ? 0 : r.layoutForMode7);
+      EXPECT_EQ(task->layoutSeen, layout);
+      EXPECT_EQ(got, 4);
+    }
+  }
+}
+
+TEST_F(Routing, EveryScalarReadReachesItsOperationWithItsKind) {
+  for (const Route& r : kScalarRoutes) {
+    SCOPED_TRACE(r.function);
+    task = ReadTask::make();
+    EXPECT_EQ(r.call(task->handle(), 0, nullptr), 0);
+    ASSERT_EQ(task->calls().size(), 1u);
+    EXPECT_EQ(task->lastCall().op, r.op);
+    EXPECT_EQ(kindSeen(), r.kind);
+    EXPECT_EQ(task->lastCall().arg("timeout")->value, Value(1.0));
+  }
+}
+
+// The reserved word fails the read before anything reaches the plug-in. The count read is
+// stored (as 0) only by the direct and power reads, which store it on any status.
+TEST_F(Routing, ReservedNotNullFailsEveryReadWithoutCallingThePlugin) {
+  const std::set<std::string> storeOnFailure = {"ReadAnalogF64",    "ReadBinaryU16",  "ReadBinaryI16",
+                                                "ReadBinaryU32",    "ReadBinaryI32",  "ReadCounterF64",
+                                                "ReadCounterF64Ex", "ReadCounterU32", "ReadCounterU32Ex",
+                                                "ReadPowerF64",     "ReadPowerBinaryI16"};
+  for (const Route* table : {kRoutes, kScalarRoutes}) {
+    const size_t count = table == kRoutes ? std::size(kRoutes) : std::size(kScalarRoutes);
+    for (size_t i = 0; i < count; ++i) {
+      const Route& r = table[i];
+      SCOPED_TRACE(r.function);
+      task = ReadTask::make();
+      channels({"a"}, 100);
+      clearLastError();
+      got = 77;
+      EXPECT_EQ(r.call(task->handle(), 0, &reservedWord), -200492);
+      EXPECT_EQ(lastErrorCode(), -200492);
+      EXPECT_TRUE(task->calls().empty());
+      EXPECT_EQ(got, storeOnFailure.count(r.function) ? 0 : 77);
+    }
+  }
+}
+
+TEST_F(Routing, NullHandleFailsEveryReadWithoutATask) {
+  for (const Route* table : {kRoutes, kScalarRoutes}) {
+    const size_t count = table == kRoutes ? std::size(kRoutes) : std::size(kScalarRoutes);
+    for (size_t i = 0; i < count; ++i) {
+      SCOPED_TRACE(table[i].function);
+      clearLastError();
+      EXPECT_EQ(table[i].call(nullptr, 0, nullptr), -200230);
+      EXPECT_EQ(lastErrorCode(), -200230);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zqtest
