@@ -139,10 +139,15 @@ void failDeadlocked(const char* what) {
   std::_Exit(3);
 }
 
-void clearDriveLog() { std::ofstream(kDriveLog, std::ios::binary | std::ios::trunc); }
+const std::string& driveLog() {
+  static const std::string path = "zqtest_drive_" + programStem() + ".log";
+  return path;
+}
+
+void clearDriveLog() { std::ofstream(driveLog(), std::ios::binary | std::ios::trunc); }
 
 std::vector<std::string> driveLogLines() {
-  std::ifstream in(kDriveLog, std::ios::binary);
+  std::ifstream in(driveLog(), std::ios::binary);
   std::vector<std::string> lines;
   for (std::string line; std::getline(in, line);) lines.push_back(line);
   return lines;

@@ -96,8 +96,9 @@ class DriveSwitches {
 // program.
 [[noreturn]] void failDeadlocked(const char* what);
 
-// The log the library writes (ZQTEST_DRIVE_LOG), set up by main.
-inline constexpr const char* kDriveLog = "zqtest_drive.log";
+// The log the library writes (ZQTEST_DRIVE_LOG), set up by main: one per program, since the
+// programs of this folder run at the same time in one working folder.
+const std::string& driveLog();
 void clearDriveLog();
 std::vector<std::string> driveLogLines();
 

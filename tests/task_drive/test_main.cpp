@@ -7,7 +7,7 @@
 
 int main(int argc, char** argv) {
   zqtest::setProgramPath(argv[0]);
-  zqtest::setEnvironment("ZQTEST_DRIVE_LOG", zqtest::kDriveLog);
+  zqtest::setEnvironment("ZQTEST_DRIVE_LOG", zqtest::driveLog());
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }
