@@ -27,6 +27,9 @@ typedef double float64;
 /* The read functions. */
 #include "zqcai_rd_mbcs_read.h"
 
+/* The write functions. */
+#include "zqcai_rd_mbcs_write.h"
+
 #ifdef __cplusplus
 }
 #endif

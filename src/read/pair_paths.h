@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "boundary/array_buffer_adapter.h"
-#include "read/pair_records.h"
 #include "read/read_frame.h"
 #include "read/vector_paths.h"
 

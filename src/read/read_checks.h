@@ -19,9 +19,6 @@ inline constexpr uint32_t kKindDigital = 10151;
 
 inline constexpr int32_t kAuto = -1;
 
-// Any non-zero mode counts as grouped by scan number.
-inline zqvorexPlugin_ReadLayout layoutOf(int32_t mode) { return {mode != 0 ? 1u : 0u, 0}; }
-
 // -200492 when the caller passed something in `reserved`.
 void checkReserved(const void* reserved, zqerr_Status* status);
 // -200230 with the parameter's position when a required array is missing; true when it is.

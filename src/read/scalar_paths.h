@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <type_traits>
 
-#include "read/pair_records.h"
 #include "read/read_frame.h"
 
 namespace zqread {

@@ -58,6 +58,7 @@ inline constexpr int32_t kErrorVirtualChanDoesNotExist = -200488;
 inline constexpr int32_t kErrorReservedParamNotNULL = -200492;
 inline constexpr int32_t kErrorNULLPtr = -200604;
 inline constexpr int32_t kErrorNonbufferedOrNoChannels = -201395;
+inline constexpr int32_t kErrorInvalidNumberSamplesToWrite = -200622;
 inline constexpr int32_t kErrorFunctionObsolete = -209823;
 }  // namespace nZQMSTS100
 

@@ -1,18 +1,20 @@
-// How a pair record splits into the caller's two outputs, in the order of the parameters.
-// The duty-cycle record crosses: its second field is the first parameter, the frequency.
+// How a pair record maps to the caller's two arrays or values, in the order of the
+// parameters: split for reads, make for writes. The duty-cycle record crosses: its second
+// field is the first parameter, the frequency.
 #pragma once
 
 #include <cstdint>
 
 #include "zqvorex_plugin.h"
 
-namespace zqread {
+namespace zqframe {
 
 struct FrequencySplit {
   using Record = zqvorexPlugin_DutyCycleAndFrequencyF64;
   using Element = double;
   static Element first(const Record& r) { return r.frequency; }
   static Element second(const Record& r) { return r.dutyCycle; }
+  static Record make(Element a, Element b) { return {b, a}; }
 };
 
 struct TimesSplit {
@@ -20,6 +22,7 @@ struct TimesSplit {
   using Element = double;
   static Element first(const Record& r) { return r.highTime; }
   static Element second(const Record& r) { return r.lowTime; }
+  static Record make(Element a, Element b) { return {a, b}; }
 };
 
 struct TicksSplit {
@@ -27,6 +30,7 @@ struct TicksSplit {
   using Element = uint32_t;
   static Element first(const Record& r) { return r.highTicks; }
   static Element second(const Record& r) { return r.lowTicks; }
+  static Record make(Element a, Element b) { return {a, b}; }
 };
 
 struct PowerSplit {
@@ -34,6 +38,7 @@ struct PowerSplit {
   using Element = double;
   static Element first(const Record& r) { return r.voltage; }
   static Element second(const Record& r) { return r.current; }
+  static Record make(Element a, Element b) { return {a, b}; }
 };
 
 struct PowerBinarySplit {
@@ -41,6 +46,7 @@ struct PowerBinarySplit {
   using Element = int16_t;
   static Element first(const Record& r) { return r.voltage; }
   static Element second(const Record& r) { return r.current; }
+  static Record make(Element a, Element b) { return {a, b}; }
 };
 
-}  // namespace zqread
+}  // namespace zqframe

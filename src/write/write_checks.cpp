@@ -1,0 +1,39 @@
+#include "write/write_checks.h"
+
+#include "boundary/array_view.h"
+#include "status/report_writer.h"
+#include "status/status_codes.h"
+
+namespace zqwrite {
+
+namespace {
+
+zqerr::ReportWriter items(zqerr_Status* status) {
+  return zqerr::openOrderedData(status, zqerr::kTranslatorZqvorex);
+}
+
+}  // namespace
+
+void checkReserved(const void* reserved, zqerr_Status* status) {
+  if (reserved) ZQ_FAIL(status, nZQMSTS100::kErrorReservedParamNotNULL, "cwrite", 38);
+}
+
+void checkArray(const void* array, int32_t count, int32_t paramNum, zqerr_Status* status) {
+  if (array || count == 0) return;
+  if (ZQ_FAIL(status, nZQMSTS100::kErrorNULLPtrForC_Api, "cwrite", 47))
+    zqerr::addItem(items(status), zqerr::usage::kUsageTypeParamNum, paramNum);
+}
+
+void checkCount(int32_t count, zqerr_Status* status) {
+  if (count >= 0) return;
+  if (ZQ_FAIL(status, nZQMSTS100::kErrorInvalidNumberSamplesToWrite, "cwrite", 56))
+    zqerr::addItem(items(status), zqerr::usage::kUsageTypeNumSampsToWrite, count);
+}
+
+uint32_t writeAttributeU32(ITask& task, int32_t attributeId, zqerr_Status* status) {
+  if (!zqerr::isOpen(status)) return 0;
+  const zqgopher::StringArrayView none;
+  return task.getWriteAttributeU32(none, attributeId, status);
+}
+
+}  // namespace zqwrite

@@ -1,0 +1,164 @@
+// The counter pair writes: two arrays merged, element by element, into one temporary array of
+// pair records in the order of the plug-in's record.
+#include <cstring>
+#include <functional>
+
+#include "write_fixture.h"
+
+namespace zqtest {
+namespace {
+
+using PairPath = WriteTest;
+
+template <class Record>
+std::vector<Record> recordsSeen(const BufferSeen& seen) {
+  std::vector<Record> records(seen.bytes.size() / sizeof(Record));
+  if (!records.empty()) std::memcpy(records.data(), seen.bytes.data(), seen.bytes.size());
+  return records;
+}
+
+TEST_F(PairPath, FrequencyGoesToTheSecondFieldAndDutyCycleToTheFirst) {
+  channels(2);
+  const double frequency[4] = {100, 200, 300, 400};
+  const double dutyCycle[4] = {0.1, 0.2, 0.3, 0.4};
+  task->on("writeVectorCounterDutyCycleAndFrequencyF64").value(uint32_t{2});
+  int32_t written = -7;
+  ASSERT_EQ(VorexWriteCtrFreq(handle, 2, 1, 1.0, 0, frequency, dutyCycle, &written, nullptr), 0);
+  EXPECT_EQ(written, 2);
+  EXPECT_EQ(task->seen.channels, 2u);
+  EXPECT_EQ(task->seen.sampsPerChan, 2u);
+  EXPECT_NE(task->seen.data, static_cast<const void*>(frequency));
+  const auto records = recordsSeen<zqvorexPlugin_DutyCycleAndFrequencyF64>(task->seen);
+  ASSERT_EQ(records.size(), 4u);
+  for (size_t i = 0; i < 4; ++i) {
+    EXPECT_EQ(records[i].dutyCycle, dutyCycle[i]) << i;
+    EXPECT_EQ(records[i].frequency, frequency[i]) << i;
+  }
+  EXPECT_EQ(task->seen.resizeCode, 0);  // the temporary array has the read-form table
+}
+
+TEST_F(PairPath, HighGoesToTheFirstFieldAndLowToTheSecond) {
+  channels(1);
+  const double highTime[3] = {1.5, 2.5, 3.5}, lowTime[3] = {4.5, 5.5, 6.5};
+  ASSERT_EQ(VorexWriteCtrTime(handle, 3, 0, 1.0, 1, highTime, lowTime, nullptr, nullptr), 0);
+  const auto times = recordsSeen<zqvorexPlugin_HighAndLowTimesF64>(task->seen);
+  ASSERT_EQ(times.size(), 3u);
+  for (size_t i = 0; i < 3; ++i) {
+    EXPECT_EQ(times[i].highTime, highTime[i]);
+    EXPECT_EQ(times[i].lowTime, lowTime[i]);
+  }
+  EXPECT_EQ(task->seen.layout, 1);
+
+  channels(3);
+  const uint32_t highTicks[3] = {10, 20, 30}, lowTicks[3] = {40, 50, 60};
+  ASSERT_EQ(VorexWriteCtrTicks(handle, 1, 0, 1.0, 0, highTicks, lowTicks, nullptr, nullptr), 0);
+  const auto ticks = recordsSeen<zqvorexPlugin_HighAndLowTicksU32>(task->seen);
+  ASSERT_EQ(ticks.size(), 3u);
+  for (size_t i = 0; i < 3; ++i) {
+    EXPECT_EQ(ticks[i].highTicks, highTicks[i]);
+    EXPECT_EQ(ticks[i].lowTicks, lowTicks[i]);
+  }
+  EXPECT_EQ(task->seen.layout, 0);
+}
+
+using PairCall =
+    std::function<int32_t(TaskHandle, int32_t n, bool nullFirst, bool nullSecond, int32_t* written)>;
+
+struct PairCase {
+  const char* name;
+  PairCall call;
+  const char* op;
+};
+
+const double kF64[4] = {1, 2, 3, 4};
+const uint32_t kU32[4] = {1, 2, 3, 4};
+
+const PairCase kPairs[] = {
+    {"WriteCtrFreq",
+     [](TaskHandle h, int32_t n, bool a, bool b, int32_t* w) {
+       return VorexWriteCtrFreq(h, n, 0, 1.0, 0, a ? nullptr : kF64, b ? nullptr : kF64, w, nullptr);
+     },
+     "writeVectorCounterDutyCycleAndFrequencyF64"},
+    {"WriteCtrTime",
+     [](TaskHandle h, int32_t n, bool a, bool b, int32_t* w) {
+       return VorexWriteCtrTime(h, n, 0, 1.0, 0, a ? nullptr : kF64, b ? nullptr : kF64, w, nullptr);
+     },
+     "writeVectorCounterHighAndLowTimesF64"},
+    {"WriteCtrTicks",
+     [](TaskHandle h, int32_t n, bool a, bool b, int32_t* w) {
+       return VorexWriteCtrTicks(h, n, 0, 1.0, 0, a ? nullptr : kU32, b ? nullptr : kU32, w, nullptr);
+     },
+     "writeVectorCounterHighAndLowTicksU32"},
+};
+
+TEST_F(PairPath, FailedChecksStopBeforeTheTaskWithTheirItems) {
+  channels(2);
+  struct Check {
+    const char* what;
+    int32_t n;
+    bool nullFirst, nullSecond;
+    int32_t code;
+    const char* usage;
+    const char* value;
+  };
+  const Check checks[] = {
+      {"first array null", 2, true, false, -200230, "kUsageTypeParamNum", "6"},
+      {"second array null", 2, false, true, -200230, "kUsageTypeParamNum", "7"},
+      {"both null: the first is named", 2, true, true, -200230, "kUsageTypeParamNum", "6"},
+      {"negative count", -1, false, false, -200622, "kUsageTypeNumSampsToWrite", "-1"},
+  };
+  for (const PairCase& c : kPairs) {
+    for (const Check& k : checks) {
+      SCOPED_TRACE(std::string(c.name) + ": " + k.what);
+      task->clearCalls();
+      clearLastError();
+      int32_t written = -7;
+      EXPECT_EQ(c.call(handle, k.n, k.nullFirst, k.nullSecond, &written), k.code);
+      EXPECT_TRUE(task->calls().empty());
+      EXPECT_EQ(written, 0);
+      EXPECT_EQ(item(0, "usage"), k.usage);
+      EXPECT_EQ(item(0, "value"), k.value);
+      EXPECT_EQ(item(1, "usage"), kAbsent);  // one item: the first failure stays alone
+    }
+  }
+}
+
+TEST_F(PairPath, ATaskWithoutChannelsFailsWithoutAPlugInCall) {
+  channels(0);
+  for (const PairCase& c : kPairs) {
+    SCOPED_TRACE(c.name);
+    int32_t written = -7;
+    EXPECT_EQ(c.call(handle, 2, false, false, &written), -201395);
+    EXPECT_EQ(callsOf(c.op), 0u);
+    EXPECT_EQ(written, 0);
+  }
+}
+
+TEST_F(PairPath, ACountOfZeroReachesThePlugInEvenWithNullArrays) {
+  channels(2);
+  for (const PairCase& c : kPairs) {
+    SCOPED_TRACE(c.name);
+    task->on(c.op).value(uint32_t{0});
+    int32_t written = -7;
+    EXPECT_EQ(c.call(handle, 0, true, true, &written), 0);
+    EXPECT_EQ(callsOf(c.op), 1u);
+    EXPECT_EQ(task->seen.sampsPerChan, 0u);
+    EXPECT_EQ(written, 0);
+  }
+}
+
+TEST_F(PairPath, ATemporaryArrayTooLargeForMemoryFailsTheCallWithoutAPlugInCall) {
+  // The byte count of numSampsPerChan x numChans records overflows the address space on
+  // 64 bits and cannot be allocated on 32; the arrays are never read.
+  channels(0xFFFFFFFFu);
+  for (const PairCase& c : kPairs) {
+    SCOPED_TRACE(c.name);
+    int32_t written = -7;
+    EXPECT_EQ(c.call(handle, 0x7FFFFFFF, false, false, &written), -52000);
+    EXPECT_EQ(callsOf(c.op), 0u);
+    EXPECT_EQ(written, 0);
+  }
+}
+
+}  // namespace
+}  // namespace zqtest
