@@ -43,12 +43,7 @@ int32_t writeDigitalLines(const WriteInfo& info, TaskHandle handle, const uint8_
                           const VectorArgs& a) {
   return zqframe::dataCallFrame(
       info.name, handle,
-      [&](zqtrace::TraceCall& trace) {
-        traceLeading(trace, "numSampsPerChan", a.numSampsPerChan, a.autoStart, a.timeout);
-        trace.paramNamed("dataLayout", zqtrace::Literals::kGrouping, a.dataLayout);
-        traceInput(trace, info.firstArray, writeArray, a.numSampsPerChan);
-        traceTail(trace, info, a.written, a.reserved);
-      },
+      [&](zqtrace::TraceCall& trace) { traceVectorParams(trace, info, writeArray, a); },
       [&](ITask* task, zqerr_Status* status) {
         uint32_t written = 0;
         checkVector(writeArray, a, status);

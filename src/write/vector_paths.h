@@ -19,17 +19,22 @@ inline void checkVector(const void* array, const VectorArgs& a, zqerr_Status* st
   checkCount(a.numSampsPerChan, status);
 }
 
+// The parameter records of a vector or lines write.
+template <class Element>
+void traceVectorParams(zqtrace::TraceCall& trace, const WriteInfo& info, const Element* writeArray,
+                       const VectorArgs& a) {
+  traceLeading(trace, "numSampsPerChan", a.numSampsPerChan, a.autoStart, a.timeout);
+  trace.paramNamed("dataLayout", zqtrace::Literals::kGrouping, a.dataLayout);
+  traceInput(trace, info.firstArray, writeArray, a.numSampsPerChan);
+  traceTail(trace, info, a.written, a.reserved);
+}
+
 template <class Element, VectorOp Op, uint32_t Kind>
 int32_t writeVector(const WriteInfo& info, TaskHandle handle, const Element* writeArray,
                     const VectorArgs& a) {
   return zqframe::dataCallFrame(
       info.name, handle,
-      [&](zqtrace::TraceCall& trace) {
-        traceLeading(trace, "numSampsPerChan", a.numSampsPerChan, a.autoStart, a.timeout);
-        trace.paramNamed("dataLayout", zqtrace::Literals::kGrouping, a.dataLayout);
-        traceInput(trace, info.firstArray, writeArray, a.numSampsPerChan);
-        traceTail(trace, info, a.written, a.reserved);
-      },
+      [&](zqtrace::TraceCall& trace) { traceVectorParams(trace, info, writeArray, a); },
       [&](ITask* task, zqerr_Status* status) {
         uint32_t written = 0;
         checkVector(writeArray, a, status);
