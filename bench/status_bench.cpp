@@ -3,8 +3,8 @@
 #include <benchmark/benchmark.h>
 
 #include "alloc_counter.h"
-#include "status/status.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -28,7 +28,7 @@ void CleanStatus(benchmark::State& state) {
   for (auto _ : state) {
     zqerr::Status status;
     benchmark::DoNotOptimize(&status);
-    zqerr::setWithLocation(&status, 0, ZQ_SITE("bench", 1, none));
+    zqerr::fail(&status, zqerr::Site{0, zqsite::kGlobalsNullHandle.location});
     benchmark::DoNotOptimize(zqerr::isOpen(&status));
   }
   reportAllocations(state, before);
@@ -40,7 +40,7 @@ void FailedStatus(benchmark::State& state) {
   uint64_t before = zqbench::allocationCount();
   for (auto _ : state) {
     zqerr::Status status;
-    ZQ_FAIL(&status, nZQMSTS100::kErrorNULLPtr, "APIImplementation", 1);
+    ZQ_FAIL(&status, kGlobalsNullHandle);
     benchmark::DoNotOptimize(status.report);
   }
   reportAllocations(state, before);

@@ -260,6 +260,83 @@ typedef struct zqgopher_ArrayLineBufferScalarFields {
   uint32_t kind;
 } zqgopher_ArrayLineBufferScalarFields;
 
+/* ---- events ----------------------------------------------------------------------------- */
+
+typedef struct zqgopher_IEventDone zqgopher_IEventDone;
+typedef struct zqgopher_IEventEveryNSamples zqgopher_IEventEveryNSamples;
+typedef struct zqgopher_IEventSignal zqgopher_IEventSignal;
+
+/* The objects through which a plug-in raises a task's events. registerEveryNSamplesEvent,
+ * registerDoneEvent and registerSignalEvent hand one over; unlike the objects above it outlives
+ * the call, so it is reference counted:
+ * - the plug-in takes a reference with addRef when it keeps the object, and gives it back with
+ *   release when the event is unregistered or its task is destroyed; the last release destroys
+ *   the object, so the plug-in must not touch it afterwards;
+ * - fire may be called from any thread of the plug-in, as often as the event occurs, between
+ *   addRef and the matching release; it never blocks on the task, and it runs the
+ *   application's callback at once (without the synchronous option) or queues it for the
+ *   registering thread (with it);
+ * - addRef and release return the new count; the as... entries give the same object through
+ *   the table of its kind, or null when the object is of another kind.
+ * The three tables share their first six entries, which are the whole table of
+ * zqgopher_IEventBase. */
+typedef struct zqgopher_IEventBase zqgopher_IEventBase;
+
+#define ZQGOPHER_EVENT_TABLE_HEAD(Self)                                   \
+  uint32_t (*addRef)(Self * self);                                        \
+  uint32_t (*release)(Self * self);                                       \
+  zqgopher_IEventBase* (*asBase)(Self * self);                            \
+  zqgopher_IEventEveryNSamples* (*asEveryNSamples)(Self * self);          \
+  zqgopher_IEventDone* (*asDone)(Self * self);                            \
+  zqgopher_IEventSignal* (*asSignal)(Self * self);
+
+typedef struct zqgopher_IEventBaseTable {
+  ZQGOPHER_EVENT_TABLE_HEAD(zqgopher_IEventBase)
+} zqgopher_IEventBaseTable;
+
+/* The task is done: taskStatus holds the code the task ended with (0, a warning or the error
+ * that ended it); only its code is read. */
+typedef struct zqgopher_IEventDoneTable {
+  ZQGOPHER_EVENT_TABLE_HEAD(zqgopher_IEventDone)
+  void (*fire)(zqgopher_IEventDone* self, const zqerr_Status* taskStatus, zqerr_Status* status);
+} zqgopher_IEventDoneTable;
+
+/* count events of N samples each have happened since the last fire; reserved is 0. */
+typedef struct zqgopher_IEventEveryNSamplesTable {
+  ZQGOPHER_EVENT_TABLE_HEAD(zqgopher_IEventEveryNSamples)
+  void (*fire)(zqgopher_IEventEveryNSamples* self, uint32_t count, uint32_t reserved, zqerr_Status* status);
+} zqgopher_IEventEveryNSamplesTable;
+
+/* The signal occurred count times since the last fire. */
+typedef struct zqgopher_IEventSignalTable {
+  ZQGOPHER_EVENT_TABLE_HEAD(zqgopher_IEventSignal)
+  void (*fire)(zqgopher_IEventSignal* self, uint32_t count, zqerr_Status* status);
+} zqgopher_IEventSignalTable;
+
+#undef ZQGOPHER_EVENT_TABLE_HEAD
+
+struct zqgopher_IEventBase {
+  const zqgopher_IEventBaseTable* table;
+};
+struct zqgopher_IEventDone {
+  const zqgopher_IEventDoneTable* table;
+};
+struct zqgopher_IEventEveryNSamples {
+  const zqgopher_IEventEveryNSamplesTable* table;
+};
+struct zqgopher_IEventSignal {
+  const zqgopher_IEventSignalTable* table;
+};
+
+/* The library's event object, as it lies in memory: the plug-in's pointer leads to
+ * interfaceTable, and the reference count lies in front of it. */
+typedef struct zqgopher_EventAdapterFields {
+  const void* baseTable; /* the library's own, destruction only */
+  uint32_t referenceCount;
+  const void* interfaceTable;
+  void* action[2]; /* the library's shared reference to what the event runs */
+} zqgopher_EventAdapterFields;
+
 #ifdef __cplusplus
 }
 #endif

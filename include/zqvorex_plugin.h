@@ -41,11 +41,6 @@ typedef struct zqvorexPlugin_TimingSource_undefined zqvorexPlugin_TimingSource_u
 /* What a registration gives back, for unregisterEvent. */
 typedef uint64_t zqvorexPlugin_EventToken;
 
-/* The event objects a registration hands over; the operations only pass pointers to them. */
-typedef struct zqgopher_IEventDone zqgopher_IEventDone;
-typedef struct zqgopher_IEventEveryNSamples zqgopher_IEventEveryNSamples;
-typedef struct zqgopher_IEventSignal zqgopher_IEventSignal;
-
 /* An absolute time: seconds since 1904-01-01 00:00:00 and the fraction of a second in units
  * of 2^-64. */
 typedef struct zqvorexPlugin_AbsoluteTime {

@@ -53,6 +53,7 @@
 
 #include "zqgopher_boundary.h"
 #include "zqvorex_status.h"
+#include "zqvorex_status_codes.h"
 
 #ifdef __cplusplus
 extern "C" {
@@ -81,13 +82,11 @@ typedef struct zqvorexStorage_ObjectID {
 #define ZQVOREX_STORAGE_LOCAL_URL "127.0.0.1"
 
 /* Codes of this library besides the common ones (-50004 bad handle, -52002 not supported,
- * -52005 invalid argument, -52006 store unreadable, -52008 store I/O failure or busy). */
-#define zqvorexStorage_errorDeviceNotFound (-200220)   /* no device of that name */
-#define zqvorexStorage_errorObjectNotFound (-201233)   /* no object of that name or id */
-#define zqvorexStorage_errorPropertyNotFound (-201266) /* the object lacks the property */
-#define zqvorexStorage_errorDuplicateTask (-200089)    /* addTask: the name is taken */
-#define zqvorexStorage_errorTaskNotFound (-200485)     /* no saved task of that name */
-#define zqvorexStorage_errorChannelNotFound (-200488)  /* no channel of that name */
+ * -52005 invalid argument, -52006 store unreadable, -52008 store I/O failure or busy) are in
+ * zqvorex_status_codes.h under the prefix zqvorexStorage_: DeviceNotFound (no device of that
+ * name), ObjectNotFound (no object of that name or id), PropertyNotFound (the object lacks the
+ * property), DuplicateTask (addTask: the name is taken), TaskNotFound (no saved task of that
+ * name), ChannelNotFound (no channel of that name). */
 
 /* ---- list tables of this library -------------------------------------------------------- */
 

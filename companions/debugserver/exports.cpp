@@ -6,6 +6,7 @@
 
 #include "native_export.h"
 #include "server_state.h"
+#include "zqvorex_status_codes.h"
 
 #define ZQDS_EXPORT extern "C" ZQ_NATIVE_EXPORT
 
@@ -14,15 +15,13 @@ using zqdebugserver::isOpen;
 
 namespace {
 
-constexpr int32_t kInvalidParameter = -52005;
-constexpr int32_t kMemoryFull = -52000;
 std::atomic<uint32_t> serverNumber{0};
 
 // The common entry test: a clean status and a handle.
 template <class Handle>
 bool usable(Handle* handle, zqerr_Status* status) {
   if (!isOpen(status)) return false;
-  if (!handle) fail(status, kInvalidParameter);
+  if (!handle) fail(status, zqapalerr_invalidParameter);
   return handle != nullptr;
 }
 
@@ -35,7 +34,7 @@ void guarded(zqerr_Status* status, Body body) noexcept {
   try {
     body();
   } catch (...) {
-    fail(status, kMemoryFull);
+    fail(status, zqapalerr_memoryFull);
   }
 }
 
@@ -47,7 +46,7 @@ ZQDS_EXPORT zqvorexDebugServer_Server* zqvorexDebugServer_createDebugServer(uint
   if (!isOpen(status)) return nullptr;
   auto* server = new (std::nothrow) zqvorexDebugServer_Server;
   if (!server) {
-    fail(status, kMemoryFull);
+    fail(status, zqapalerr_memoryFull);
     return nullptr;
   }
   guarded(status, [&] {
@@ -82,7 +81,7 @@ ZQDS_EXPORT zqvorexDebugServer_Target* zqvorexDebugServer_createDebugTarget(
   if (!usable(server, status)) return nullptr;
   auto* target = new (std::nothrow) zqvorexDebugServer_Target;
   if (!target) {
-    fail(status, kMemoryFull);
+    fail(status, zqapalerr_memoryFull);
     return nullptr;
   }
   guarded(status, [&] { target->state.taskName = taskName ? taskName : ""; });

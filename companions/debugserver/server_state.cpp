@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <cstring>
 
-namespace zqdebugserver {
+#include "zqvorex_status_codes.h"
 
-namespace {
-constexpr int32_t kInvalidParameter = -52005;
-}
+namespace zqdebugserver {
 
 void fail(zqerr_Status* status, int32_t code) {
   if (status && status->code >= 0) status->code = code;
@@ -26,7 +24,7 @@ bool readNames(const zqgopher_ArrayView* view, std::vector<std::string>& names, 
   for (uint64_t i = 0; i < view->count; ++i) {
     const char* name = zqgopher_ArrayView_strings(view)[i];
     if (!name) {
-      fail(status, kInvalidParameter);
+      fail(status, zqapalerr_invalidParameter);
       return false;
     }
     names.emplace_back(name);
@@ -35,12 +33,12 @@ bool readNames(const zqgopher_ArrayView* view, std::vector<std::string>& names, 
 }
 
 void fillNames(const std::set<std::string>& names, zqgopher_IItemAdder* list, zqerr_Status* status) {
-  if (!list) return fail(status, kInvalidParameter);
+  if (!list) return fail(status, zqapalerr_invalidParameter);
   for (const std::string& name : names) list->table.strings->add(list, name.c_str(), status);
 }
 
 void fillText(const std::string& text, zqgopher_IString* out, zqerr_Status* status) {
-  if (!out) return fail(status, kInvalidParameter);
+  if (!out) return fail(status, zqapalerr_invalidParameter);
   out->table->assign(out, text.data(), text.size(), status);
 }
 

@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "zqvorex_status_codes.h"
+
 namespace zqstorage {
 
 struct ErrorConstant {
@@ -14,19 +16,22 @@ struct ErrorConstant {
   const char* name;  // the report's "error_constant"
 };
 
-inline constexpr ErrorConstant kBadPointer{-50004, "zqpalerr_badPointer"};
-inline constexpr ErrorConstant kSoftwareFault{-50150, "zqpalerr_softwareFault"};
-inline constexpr ErrorConstant kMemoryFull{-52000, "zqapalerr_memoryFull"};
-inline constexpr ErrorConstant kFeatureUnsupported{-52002, "zqapalerr_featureUnsupported"};
-inline constexpr ErrorConstant kInvalidParameter{-52005, "zqapalerr_invalidParameter"};
-inline constexpr ErrorConstant kResourceNotFound{-52006, "zqapalerr_resourceNotFound"};
-inline constexpr ErrorConstant kOsFault{-52008, "zqapalerr_osFault"};
-inline constexpr ErrorConstant kDuplicateTask{-200089, "nZQMSTS::kErrorDuplicateTask"};
-inline constexpr ErrorConstant kInvalidDeviceID{-200220, "nZQMSTS::kErrorInvalidDeviceID"};
-inline constexpr ErrorConstant kTaskNotFound{-200485, "nZQMSTS::kErrorTaskNotInDataNeighborhood"};
-inline constexpr ErrorConstant kChannelNotFound{-200488, "nZQMSTS100::kErrorVirtualChanDoesNotExist"};
-inline constexpr ErrorConstant kObjectNotFound{-201233, "zqvorexStorage_errorObjectNotFound"};
-inline constexpr ErrorConstant kPropertyNotFound{-201266, "zqvorexStorage_errorPropertyNotFound"};
+// The code of each from the shared status table, with the name its sites write.
+#define ZQS_CONSTANT(name) ErrorConstant{name, #name}
+inline constexpr ErrorConstant kBadPointer = ZQS_CONSTANT(zqpalerr_badPointer);
+inline constexpr ErrorConstant kSoftwareFault = ZQS_CONSTANT(zqpalerr_softwareFault);
+inline constexpr ErrorConstant kMemoryFull = ZQS_CONSTANT(zqapalerr_memoryFull);
+inline constexpr ErrorConstant kFeatureUnsupported = ZQS_CONSTANT(zqapalerr_featureUnsupported);
+inline constexpr ErrorConstant kInvalidParameter = ZQS_CONSTANT(zqapalerr_invalidParameter);
+inline constexpr ErrorConstant kResourceNotFound = ZQS_CONSTANT(zqapalerr_resourceNotFound);
+inline constexpr ErrorConstant kOsFault = ZQS_CONSTANT(zqapalerr_osFault);
+inline constexpr ErrorConstant kDuplicateTask = ZQS_CONSTANT(nZQMSTS::kErrorDuplicateTask);
+inline constexpr ErrorConstant kInvalidDeviceID = ZQS_CONSTANT(nZQMSTS::kErrorInvalidDeviceID);
+inline constexpr ErrorConstant kTaskNotFound = ZQS_CONSTANT(nZQMSTS::kErrorTaskNotInDataNeighborhood);
+inline constexpr ErrorConstant kChannelNotFound = ZQS_CONSTANT(nZQMSTS100::kErrorVirtualChanDoesNotExist);
+inline constexpr ErrorConstant kObjectNotFound = ZQS_CONSTANT(zqvorexStorage_errorObjectNotFound);
+inline constexpr ErrorConstant kPropertyNotFound = ZQS_CONSTANT(zqvorexStorage_errorPropertyNotFound);
+#undef ZQS_CONSTANT
 
 // Where an error was raised: the source file's base name and the line.
 struct Site {

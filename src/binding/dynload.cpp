@@ -5,7 +5,7 @@
 #include <string>
 
 #include "paths/system_error_items.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace {
 
@@ -28,7 +28,7 @@ zqplatform::LibraryHandle zqdynlib_load(const char* path, zqerr_Status* status) 
   zqplatform::LibraryHandle library = zqplatform::loadLibrary(wide.c_str(), 0);
   if (library) return library;
   uint32_t error = zqplatform::lastError();
-  if (!ZQ_FAIL(status, zqapalerr_invalidParameter, "dynload", 58)) return nullptr;
+  if (!ZQ_FAIL(status, kDynloadInvalidParameter)) return nullptr;
   zqerr::ReportWriter w = zqsysq::openObject(zqerr::rootWriter(status), "zqdynlib_debug");
   w = zqerr::writeString(w, "debug", "failed to zqdynlib_load library");
   w = zqsysq::closeObject(zqerr::writeString(w, "path", path));
@@ -42,7 +42,7 @@ void* zqdynlib_getSymbol(zqplatform::LibraryHandle library, const char* name, zq
   void* address = zqplatform::findSymbol(library, name);
   if (address) return address;
   uint32_t error = zqplatform::lastError();
-  if (!ZQ_FAIL(status, zqapalerr_invalidParameter, "dynload", 84)) return nullptr;
+  if (!ZQ_FAIL(status, kDynloadInvalidParameter84)) return nullptr;
   zqerr::ReportWriter w = zqsysq::openObject(zqerr::rootWriter(status), "zqdynlib_debug");
   w = zqerr::writeString(w, "debug", "failed to get symbol");
   w = zqsysq::closeObject(zqerr::writeString(w, "zqdynlib_symbol", name));

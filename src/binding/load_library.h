@@ -9,6 +9,7 @@
 
 #include "binding/auto_lib.h"
 #include "binding/bind_symbols.h"
+#include "status/error_sites.h"
 
 namespace zqdynlib {
 
@@ -18,9 +19,8 @@ struct LenientSites {
   zqerr::SourceLocation memoryFull;
 };
 
-inline constexpr LenientSites kPluginSites{
-    {"pluginutilities", 212, zqerr::kComponent, "nZQMSTS::kErrorLibraryNotPresent"},
-    {"pluginutilities", 196, zqerr::kComponent, "zqapalerr_memoryFull"}};
+inline constexpr LenientSites kPluginSites{zqsite::kPluginLibraryNotPresent.location,
+                                           zqsite::kPluginLibraryMemoryFull.location};
 
 namespace detail {
 // Whether a strict binding stands. If not, `status` gets kErrorLibraryNotPresent (nothing

@@ -4,7 +4,7 @@
 #include "binding/load_library.h"
 #include "binding/nested_error.h"
 #include "status/report_writer.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqdynlib::detail {
 
@@ -21,8 +21,8 @@ void explain(const char* path, const zqerr_Status& local, zqerr_Status* status) 
 
 bool keepStrict(const char* path, bool loaded, const zqerr_Status& local, zqerr_Status* status) {
   if (local.code >= 0) return true;
-  bool changed = loaded ? ZQ_FAIL(status, nZQMSTS::kErrorFunctionNotInLibrary, "pluginUtilities", 141)
-                        : ZQ_FAIL(status, nZQMSTS::kErrorLibraryNotPresent, "pluginUtilities", 138);
+  bool changed = loaded ? ZQ_FAIL(status, kPluginUtilitiesFunctionNotInLibrary)
+                        : ZQ_FAIL(status, kPluginUtilitiesLibraryNotPresent);
   if (changed) explain(path, local, status);
   return false;
 }
@@ -50,7 +50,7 @@ bool pluginPrefix(const char* path, std::string* prefix, zqerr_Status* status) {
   size_t separator = name.find_last_of("/\\");
   if (separator != std::string_view::npos) name.remove_prefix(separator + 1);
   if (name.empty()) {
-    ZQ_FAIL(status, zqapalerr_invalidParameter, "pluginutilities", 176);
+    ZQ_FAIL(status, kPluginutilitiesInvalidParameter);
     return false;
   }
   prefix->assign(name.substr(0, name.find('.')));

@@ -3,7 +3,7 @@
 #include "boundary/element_counts.h"
 #include "boundary/guard.h"
 #include "status/report_writer.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqgopher {
 
@@ -15,7 +15,6 @@ using Scalar = zqgopher_ArrayBufferScalarFields;
 using detail::multiplySaturated;
 using detail::withExtensionBit;
 
-#define ZQ_BUFFER_FAIL(status, constant) ZQ_GOPHER_FAIL(status, constant, "ArrayBufferAdapter")
 
 // Each object begins with its interface, so the plug-in's pointer is the object's address.
 template <class F>
@@ -49,7 +48,7 @@ uint64_t getNumSampsPerChan(const zqgopher_IArrayBuffer* self, uint32_t channel,
   if (failed(status)) return 0;
   const F& f = fieldsOf<F>(self);
   if (channelOutOfRange(channel, f.numChannels)) {
-    ZQ_BUFFER_FAIL(status, zqpalerr_badSelector);
+    ZQ_FAIL(status, kArrayBufferAdapterBadSelector);
     return 0;
   }
   return f.numSampsPerChan;
@@ -60,11 +59,11 @@ template <class F>
 const void* dataOf(const F& f, uint32_t channel, zqerr_Status* status) {
   if (failed(status)) return nullptr;
   if (!f.data) {
-    ZQ_BUFFER_FAIL(status, zqpalerr_badPointer);
+    ZQ_FAIL(status, kArrayBufferAdapterBadPointer);
     return nullptr;
   }
   if (channel != 0) {
-    ZQ_BUFFER_FAIL(status, zqpalerr_badSelector);
+    ZQ_FAIL(status, kArrayBufferAdapterBadSelector67);
     return nullptr;
   }
   return f.data;
@@ -87,7 +86,7 @@ void clear(zqgopher_IArrayBuffer* self, zqerr_Status* status) {
   if (failed(status)) return;
   Read& f = fieldsOf<Read>(self);
   if (!f.data) {
-    ZQ_BUFFER_FAIL(status, zqpalerr_badPointer);
+    ZQ_FAIL(status, kArrayBufferAdapterBadPointer90);
     return;
   }
   f.numChannels = 0;
@@ -99,7 +98,7 @@ void clear(zqgopher_IArrayBuffer* self, zqerr_Status* status) {
 void applyShape(Read& f, uint32_t numChannels, uint64_t numSampsPerChan, zqerr_Status* status) {
   const uint64_t total = multiplySaturated(numChannels, numSampsPerChan);
   if (total > f.capacity) {
-    if (ZQ_BUFFER_FAIL(status, nZQMSTS100::kErrorReadBufferTooSmall)) {
+    if (ZQ_FAIL(status, kArrayBufferAdapterReadBufferTooSmall)) {
       zqerr::ReportWriter w = zqerr::openOrderedData(status, zqerr::kTranslatorZqvorex);
       w = zqerr::addItem(w, zqerr::usage::kUsageTypeBufferLength, uint64_t{f.capacity});
       zqerr::addItem(w, zqerr::usage::kUsageTypeReqBufSizeInSamps, uint64_t{total});
@@ -129,15 +128,15 @@ uint32_t getWriteCapabilities(const zqgopher_IArrayBuffer* self) {
 }
 
 void refuseClear(zqgopher_IArrayBuffer*, zqerr_Status* status) {
-  if (!failed(status)) ZQ_BUFFER_FAIL(status, zqapalerr_featureUnsupported);
+  if (!failed(status)) ZQ_FAIL(status, kArrayBufferAdapterFeatureUnsupported);
 }
 
 void refuseResize(zqgopher_IArrayBuffer*, uint32_t, uint64_t, zqerr_Status* status) {
-  if (!failed(status)) ZQ_BUFFER_FAIL(status, zqapalerr_featureUnsupported);
+  if (!failed(status)) ZQ_FAIL(status, kArrayBufferAdapterFeatureUnsupported136);
 }
 
 void* refuseMutableData(zqgopher_IArrayBuffer*, uint32_t, zqerr_Status* status) {
-  if (!failed(status)) ZQ_BUFFER_FAIL(status, zqapalerr_featureUnsupported);
+  if (!failed(status)) ZQ_FAIL(status, kArrayBufferAdapterFeatureUnsupported140);
   return nullptr;
 }
 
@@ -160,7 +159,7 @@ uint64_t getScalarNumSampsPerChan(const zqgopher_IArrayBuffer* self, uint32_t ch
   const Scalar& s = fieldsOf<Scalar>(self);
   const bool refused = s.kind <= 1 ? channel != 0 : channelOutOfRange(channel, s.buffer.numChannels);
   if (refused) {
-    ZQ_BUFFER_FAIL(status, zqpalerr_badSelector);
+    ZQ_FAIL(status, kArrayBufferAdapterBadSelector163);
     return 0;
   }
   return s.buffer.numSampsPerChan;
@@ -172,14 +171,14 @@ void resizeScalar(zqgopher_IArrayBuffer* self, uint32_t numChannels, uint64_t nu
   Scalar& s = fieldsOf<Scalar>(self);
   if (numChannels == 0 || numSampsPerChan == 0) numChannels = 0, numSampsPerChan = 0;
   if ((s.kind == 1 && numChannels > 1) || (s.kind == 0 && numSampsPerChan >= 2)) {
-    ZQ_BUFFER_FAIL(status, zqpalerr_badCount);
+    ZQ_FAIL(status, kArrayBufferAdapterBadCount);
     return;
   }
   applyShape(s.buffer, numChannels, numSampsPerChan, status);
 }
 
 void failNullData(const void* data, zqerr_Status* status) {
-  if (!data && !failed(status)) ZQ_BUFFER_FAIL(status, zqapalerr_invalidParameter);
+  if (!data && !failed(status)) ZQ_FAIL(status, kArrayBufferAdapterInvalidParameter);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include "boundary/guard.h"
 #include "boundary/line_counts.h"
 #include "status/report_writer.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqgopher {
 
@@ -18,7 +18,6 @@ using detail::addSaturated;
 using detail::multiplySaturated;
 using detail::withExtensionBit;
 
-#define ZQ_LINES_FAIL(status, constant) ZQ_GOPHER_FAIL(status, constant, "ArrayLineBufferAdapter")
 
 constexpr uint32_t kNoLineCount = 0xFFFFFFFFu;
 constexpr uint64_t kMaxChannels = 0xFFFFFFFFu;
@@ -34,11 +33,11 @@ bool channelOutOfRange(uint32_t channel, uint32_t numChannels) { return numChann
 // The view tests that every resize makes first; false with the status set.
 bool viewUsable(const zqgopher_ArrayView* view, zqerr_Status* status) {
   if (!view || (view->count != 0 && !view->data)) {
-    ZQ_LINES_FAIL(status, zqpalerr_badPointer);
+    ZQ_FAIL(status, kArrayLineBufferAdapterBadPointer);
     return false;
   }
   if (view->count > kMaxChannels) {
-    ZQ_LINES_FAIL(status, zqpalerr_badCount);
+    ZQ_FAIL(status, kArrayLineBufferAdapterBadCount);
     return false;
   }
   return true;
@@ -68,7 +67,7 @@ uint64_t getNumSampsPerChan(const zqgopher_IArrayLineBuffer* self, uint32_t chan
   if (failed(status)) return 0;
   const Lines& f = linesOf(self);
   if (channelOutOfRange(channel, f.numChannels)) {
-    ZQ_LINES_FAIL(status, zqpalerr_badSelector);
+    ZQ_FAIL(status, kArrayLineBufferAdapterBadSelector);
     return 0;
   }
   return f.numSampsPerChan;
@@ -78,7 +77,7 @@ uint32_t getNumLines(const zqgopher_IArrayLineBuffer* self, uint32_t channel, zq
   if (failed(status)) return 0;
   const Lines& f = linesOf(self);
   if (channelOutOfRange(channel, f.numChannels)) {
-    ZQ_LINES_FAIL(status, zqpalerr_badSelector);
+    ZQ_FAIL(status, kArrayLineBufferAdapterBadSelector81);
     return 0;
   }
   return channel < f.linesPerChannel.size ? f.linesPerChannel.data[channel] : 0;
@@ -88,11 +87,11 @@ const void* getData(const zqgopher_IArrayLineBuffer* self, uint32_t channel, zqe
   if (failed(status)) return nullptr;
   const Lines& f = linesOf(self);
   if (!f.data) {
-    ZQ_LINES_FAIL(status, zqpalerr_badPointer);
+    ZQ_FAIL(status, kArrayLineBufferAdapterBadPointer91);
     return nullptr;
   }
   if (channel != 0) {
-    ZQ_LINES_FAIL(status, zqpalerr_badSelector);
+    ZQ_FAIL(status, kArrayLineBufferAdapterBadSelector95);
     return nullptr;
   }
   return f.data;
@@ -117,7 +116,7 @@ uint32_t getNumLinesOfChannel(const zqgopher_IArrayLineBuffer* self, uint32_t ch
   const Lines& f = linesOf(self);
   if (f.linesMode != 2) return kNoLineCount;
   if (channel >= f.linesPerChannel.size) {
-    ZQ_LINES_FAIL(status, zqpalerr_badSelector);
+    ZQ_FAIL(status, kArrayLineBufferAdapterBadSelector120);
     return 0;
   }
   return f.linesPerChannel.data[channel];
@@ -129,7 +128,7 @@ void clear(zqgopher_IArrayLineBuffer* self, zqerr_Status* status) {
   if (failed(status)) return;
   Lines& f = linesOf(self);
   if (!f.data) {
-    ZQ_LINES_FAIL(status, zqpalerr_badPointer);
+    ZQ_FAIL(status, kArrayLineBufferAdapterBadPointer132);
     return;
   }
   f.numChannels = 0;
@@ -139,7 +138,7 @@ void clear(zqgopher_IArrayLineBuffer* self, zqerr_Status* status) {
 }
 
 void failCapacity(const Lines& f, uint64_t total, zqerr_Status* status) {
-  if (ZQ_LINES_FAIL(status, zqpalerr_badCount)) {
+  if (ZQ_FAIL(status, kArrayLineBufferAdapterBadCount142)) {
     zqerr::ReportWriter w = zqerr::openOrderedData(status, zqerr::kTranslatorZqvorex);
     w = zqerr::addItem(w, zqerr::usage::kUsageTypeBufferLength, uint64_t{f.capacity});
     zqerr::addItem(w, zqerr::usage::kUsageTypeReqBufSizeInSamps, uint64_t{total});
@@ -177,15 +176,15 @@ void* getMutableData(zqgopher_IArrayLineBuffer* self, uint32_t channel, zqerr_St
 // ---- the write form's refusals ----
 
 void refuseClear(zqgopher_IArrayLineBuffer*, zqerr_Status* status) {
-  if (!failed(status)) ZQ_LINES_FAIL(status, zqapalerr_featureUnsupported);
+  if (!failed(status)) ZQ_FAIL(status, kArrayLineBufferAdapterFeatureUnsupported);
 }
 
 void refuseResize(zqgopher_IArrayLineBuffer*, const zqgopher_ArrayView*, uint64_t, zqerr_Status* status) {
-  if (!failed(status)) ZQ_LINES_FAIL(status, zqapalerr_featureUnsupported);
+  if (!failed(status)) ZQ_FAIL(status, kArrayLineBufferAdapterFeatureUnsupported184);
 }
 
 void* refuseMutableData(zqgopher_IArrayLineBuffer*, uint32_t, zqerr_Status* status) {
-  if (!failed(status)) ZQ_LINES_FAIL(status, zqapalerr_featureUnsupported);
+  if (!failed(status)) ZQ_FAIL(status, kArrayLineBufferAdapterFeatureUnsupported188);
   return nullptr;
 }
 
@@ -207,7 +206,7 @@ uint32_t getScalarNumLines(const zqgopher_IArrayLineBuffer* self, uint32_t chann
   const Scalar& s = scalarOf(self);
   const uint64_t total = s.buffer.totalElements;
   if ((s.kind == 1 && channel != 0) || (s.kind == 0 && channel >= total)) {
-    ZQ_LINES_FAIL(status, zqpalerr_badSelector);
+    ZQ_FAIL(status, kArrayLineBufferAdapterBadSelector210);
     return 0;
   }
   if (s.kind == 1) return static_cast<uint32_t>(std::min<uint64_t>(total, kNoLineCount));
@@ -220,14 +219,14 @@ void resizeScalar(zqgopher_IArrayLineBuffer* self, const zqgopher_ArrayView* vie
   Scalar& s = *reinterpret_cast<Scalar*>(self);
   const uint32_t firstLines = view->count != 0 ? zqgopher_ArrayView_u32(view)[0] : 0;
   if (numSampsPerChan >= 2 || (s.kind == 1 && view->count > 1) || (s.kind == 0 && firstLines >= 2)) {
-    ZQ_LINES_FAIL(status, zqpalerr_badCount);
+    ZQ_FAIL(status, kArrayLineBufferAdapterBadCount223);
     return;
   }
   uint64_t channels = view->count;
   if (channels == 0 || numSampsPerChan == 0) channels = 0, numSampsPerChan = 0;
   const uint64_t total = multiplySaturated(multiplySaturated(firstLines, channels), numSampsPerChan);
   if (total > s.buffer.capacity) {
-    ZQ_LINES_FAIL(status, zqpalerr_badCount);
+    ZQ_FAIL(status, kArrayLineBufferAdapterBadCount230);
     return;
   }
   s.buffer.totalElements = total;
@@ -236,7 +235,7 @@ void resizeScalar(zqgopher_IArrayLineBuffer* self, const zqgopher_ArrayView* vie
 }
 
 void failNullData(const void* data, zqerr_Status* status) {
-  if (!data && !failed(status)) ZQ_LINES_FAIL(status, zqapalerr_invalidParameter);
+  if (!data && !failed(status)) ZQ_FAIL(status, kArrayLineBufferAdapterInvalidParameter);
 }
 
 }  // namespace

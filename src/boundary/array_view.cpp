@@ -3,12 +3,12 @@
 #include <utility>
 
 #include "boundary/guard.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqgopher {
 
 void detail::failNullArray(zqerr_Status* status) {
-  ZQ_GOPHER_FAIL(status, zqapalerr_invalidParameter, "ArrayViewAdapter");
+  ZQ_FAIL(status, kArrayViewAdapterInvalidParameter);
 }
 
 StringArrayView::StringArrayView(const std::vector<std::string>& names) {

@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "status/error_sites.h"
 #include "status/exceptions.h"
 #include "status/status.h"
 
@@ -33,6 +34,3 @@ void guarded(zqerr_Status* status, Body&& body) noexcept {
 }
 
 }  // namespace zqgopher
-
-// Error sites of this module: the file is the class that sets the code.
-#define ZQ_GOPHER_FAIL(status, constant, file) ZQ_FAIL(status, constant, "zqgopher/" file, __LINE__)

@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "boundary/guard.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqgopher {
 
@@ -41,7 +41,7 @@ void addNumbers(zqgopher_IItemAdder* self, const T* items, uint64_t count, zqerr
   guarded(status, [&] {
     if (count == 0) return;
     if (!items) {
-      ZQ_GOPHER_FAIL(status, zqapalerr_invalidParameter, "ItemAdderAdapter");
+      ZQ_FAIL(status, kItemAdderAdapterInvalidParameter);
       return;
     }
     std::vector<T>& list = itemsOf<T>(self);
@@ -53,7 +53,7 @@ void addNumbers(zqgopher_IItemAdder* self, const T* items, uint64_t count, zqerr
 void addText(zqgopher_IItemAdder* self, const char* item, zqerr_Status* status) {
   guarded(status, [&] {
     if (!item) {
-      ZQ_GOPHER_FAIL(status, zqapalerr_invalidParameter, "ItemAdderAdapter");
+      ZQ_FAIL(status, kItemAdderAdapterInvalidParameter56);
       return;
     }
     itemsOf<std::string>(self).emplace_back(item);
@@ -66,7 +66,7 @@ void addTexts(zqgopher_IItemAdder* self, const char* const* items, uint64_t coun
     bool anyNull = !items;
     for (uint64_t i = 0; !anyNull && i < count; ++i) anyNull = items[i] == nullptr;
     if (anyNull) {
-      ZQ_GOPHER_FAIL(status, zqapalerr_invalidParameter, "ItemAdderAdapter");
+      ZQ_FAIL(status, kItemAdderAdapterInvalidParameter69);
       return;
     }
     std::vector<std::string>& list = itemsOf<std::string>(self);

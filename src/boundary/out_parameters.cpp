@@ -5,7 +5,7 @@
 
 #include "boundary/guard.h"
 #include "status/report_writer.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "text/nstring.h"
 
 namespace zqgopher {
@@ -45,13 +45,13 @@ int32_t copyStringToCaller(std::string_view text, char* buffer, uint32_t bufferS
     if (length == 0) return 0;
     // The size is the return value, which must stay a positive 32-bit number.
     if (length >= kMaxReturnedSize) {
-      ZQ_GOPHER_FAIL(status, zqpalerr_calculationOverflow, "OutParameters");
+      ZQ_FAIL(status, kOutParametersCalculationOverflow);
       return 0;
     }
     return static_cast<int32_t>(length + 1);
   }
   if (length > uint64_t{bufferSize} - 1) {
-    ZQ_GOPHER_FAIL(status, nZQMSTS::kErrorBufferTooSmallForString, "OutParameters");
+    ZQ_FAIL(status, kOutParametersBufferTooSmallForString);
     return 0;
   }
   std::memcpy(buffer, systemText.data(), static_cast<size_t>(length));
@@ -103,13 +103,13 @@ int32_t detail::copyElementsOut(const void* items, uint64_t count, size_t elemen
   if (!data || arraySizeInElements == 0) {
     // The count is the return value, which must stay a positive 32-bit number.
     if (count > kMaxReturnedSize) {
-      ZQ_GOPHER_FAIL(status, zqpalerr_calculationOverflow, "OutParameters");
+      ZQ_FAIL(status, kOutParametersCalculationOverflow106);
       return 0;
     }
     return static_cast<int32_t>(count);
   }
   if (arraySizeInElements < count) {
-    if (ZQ_GOPHER_FAIL(status, (-200234), "OutParameters")) {
+    if (ZQ_FAIL(status, kOutParametersArrayTooSmall)) {
       const uint32_t needed = count > 0xFFFFFFFFu ? 0xFFFFFFFFu : static_cast<uint32_t>(count);
       zqerr::ReportWriter w = zqerr::openOrderedData(status, zqerr::kTranslatorZqvorex);
       w = zqerr::addItem(w, zqerr::usage::kUsageTypeBufferLength, uint32_t{arraySizeInElements});

@@ -1,7 +1,7 @@
 #include "boundary/proxies.h"
 
 #include "boundary/guard.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqgopher {
 
@@ -22,7 +22,7 @@ void addAll(zqgopher_IItemAdder* target, const Table* table, const std::vector<T
 bool targetPresent(const void* target, zqerr_Status* status) {
   if (!zqerr::isOpen(status)) return false;
   if (!target) {
-    ZQ_GOPHER_FAIL(status, zqapalerr_invalidParameter, "ItemAdderProxy");
+    ZQ_FAIL(status, kItemAdderProxyInvalidParameter);
     return false;
   }
   return true;
@@ -33,7 +33,7 @@ bool targetPresent(const void* target, zqerr_Status* status) {
 void StringProxy::set(std::string_view utf8, zqerr_Status* status) const {
   if (!zqerr::isOpen(status)) return;
   if (!target_) {
-    ZQ_GOPHER_FAIL(status, zqapalerr_invalidParameter, "StringProxy");
+    ZQ_FAIL(status, kStringProxyInvalidParameter);
     return;
   }
   target_->table->assign(target_, utf8.data(), utf8.size(), status);

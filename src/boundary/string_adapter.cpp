@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "boundary/guard.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqgopher {
 
@@ -21,13 +21,13 @@ uint64_t size(const zqgopher_IString* self, zqerr_Status* status) {
 void copyTo(const zqgopher_IString* self, char* buffer, uint64_t bufferSize, zqerr_Status* status) {
   guarded(status, [&] {
     if (!buffer && bufferSize != 0) {
-      ZQ_GOPHER_FAIL(status, zqapalerr_invalidParameter, "StringAdapter");
+      ZQ_FAIL(status, kStringAdapterInvalidParameter);
       return;
     }
     const std::string& text = textOf(self);
     uint64_t n = text.size() < bufferSize ? text.size() : bufferSize;
     // A short buffer still gets the cut text; the caller decides what the status means.
-    if (n < text.size()) ZQ_GOPHER_FAIL(status, zqapalerr_bufferTooSmall, "StringAdapter");
+    if (n < text.size()) ZQ_FAIL(status, kStringAdapterBufferTooSmall);
     if (n != 0) std::memcpy(buffer, text.data(), n);
     if (n < bufferSize) buffer[n] = '\0';
   });
@@ -40,7 +40,7 @@ void clear(zqgopher_IString* self, zqerr_Status* status) {
 void assign(zqgopher_IString* self, const char* text, uint64_t length, zqerr_Status* status) {
   guarded(status, [&] {
     if (!text && length != 0) {
-      ZQ_GOPHER_FAIL(status, zqapalerr_invalidParameter, "StringAdapter");
+      ZQ_FAIL(status, kStringAdapterInvalidParameter43);
       return;
     }
     if (length == 0)

@@ -4,7 +4,7 @@
 #include "contexts/context.h"
 #include "contexts/hash_mix.h"
 #include "status/exceptions.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqvorexRedir {
 
@@ -36,7 +36,7 @@ std::shared_ptr<IContext> ContextManager::getContext(std::string_view name, zqer
     try {
       context = std::make_shared<Context>(key);
     } catch (const std::bad_alloc&) {
-      ZQ_FAIL(status, zqapalerr_memoryFull, "contextmanager", 118);
+      ZQ_FAIL(status, kContextmanagerMemoryFull);
       return {};
     }
     contexts_[key] = context;

@@ -5,7 +5,7 @@
 
 #include "binding/missing_operation.h"
 #include "status/status.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace zqvorexRedir {
 

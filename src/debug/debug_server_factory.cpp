@@ -5,15 +5,14 @@
 
 #include "binding/load_library.h"
 #include "debug/debug_proxies.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqvorexRedir {
 
 namespace {
 
-constexpr zqdynlib::LenientSites kDebugServerSites{
-    {"debugserverfactory", 58, zqerr::kComponent, "nZQMSTS::kErrorLibraryNotPresent"},
-    {"debugserverfactory", 52, zqerr::kComponent, "zqapalerr_memoryFull"}};
+constexpr zqdynlib::LenientSites kDebugServerSites{zqsite::kDebugServerLibraryNotPresent.location,
+                                                   zqsite::kDebugServerLibraryMemoryFull.location};
 
 }  // namespace
 
@@ -35,7 +34,7 @@ std::shared_ptr<IDebugServer> DebugServerFactory::createDebugServer(uint32_t pri
   auto* proxy =
       new (std::nothrow) DebugServerProxy(api, weak_from_this().lock(), privilegeLevel, name, status);
   if (!proxy) {
-    ZQ_FAIL(status, zqapalerr_memoryFull, "debugserverfactory", 91);
+    ZQ_FAIL(status, kDebugserverfactoryMemoryFull);
     return {};
   }
   std::shared_ptr<IDebugServer> server(proxy);
@@ -52,7 +51,7 @@ std::shared_ptr<IDebugTarget> DebugServerFactory::createDebugTarget(
   auto* target =
       new (std::nothrow) DebugTargetProxy(proxy->api(), proxy->handle(), taskName, callbacks, status);
   if (!target) {
-    ZQ_FAIL(status, zqapalerr_memoryFull, "debugserverfactory", 112);
+    ZQ_FAIL(status, kDebugserverfactoryMemoryFull112);
     return {};
   }
   std::shared_ptr<IDebugTarget> result(target);

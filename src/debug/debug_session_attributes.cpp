@@ -1,7 +1,7 @@
 #include "debug/debug_session_attributes.h"
 
 #include "boundary/array_view.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqvorexRedir {
 
@@ -20,8 +20,7 @@ template <class T>
 bool DebugSessionAttributes::store(T& field, T value, zqerr_Status* status) {
   if (!zqerr::isOpen(status)) return true;
   if (committed_ && !(field == value)) {
-    ZQ_FAIL(status, nZQMESL::kInternalErrorCannotSetPropertyWhenDebugSessionCommitted,
-            "debugsessionattributes", 74);
+    ZQ_FAIL(status, kDebugsessionattributesCannotSetPropertyWhenDebugSessionCommitted);
     return true;
   }
   field = std::move(value);
@@ -57,7 +56,7 @@ bool DebugSessionAttributes::getString(int32_t id, zqgopher_IString* value, zqer
   if (!text || !answersGets()) return false;
   if (!zqerr::isOpen(status)) return true;
   if (!value) {
-    ZQ_FAIL(status, zqapalerr_invalidParameter, "debugsessionattributes", 131);
+    ZQ_FAIL(status, kDebugsessionattributesInvalidParameter);
     return true;
   }
   value->table->assign(value, text->data(), text->size(), status);
@@ -70,7 +69,7 @@ bool DebugSessionAttributes::getStringVtr(int32_t id, zqgopher_IItemAdder* value
   if (!list || !answersGets()) return false;
   if (!zqerr::isOpen(status)) return true;
   if (!value) {
-    ZQ_FAIL(status, zqapalerr_invalidParameter, "debugsessionattributes", 150);
+    ZQ_FAIL(status, kDebugsessionattributesInvalidParameter150);
     return true;
   }
   if (list->empty()) return true;
@@ -95,7 +94,7 @@ bool DebugSessionAttributes::setString(int32_t id, const char* value, zqerr_Stat
   if (!text) return false;
   if (!zqerr::isOpen(status)) return true;
   if (!value) {
-    ZQ_FAIL(status, zqpalerr_softwareFault, "debugsessionattributes", 196);
+    ZQ_FAIL(status, kDebugsessionattributesSoftwareFault);
     return true;
   }
   return store(*text, std::string(value), status);
@@ -106,7 +105,7 @@ bool DebugSessionAttributes::setStringVtr(int32_t id, const zqgopher_ArrayView* 
   if (!list) return false;
   if (!zqerr::isOpen(status)) return true;
   if (!value) {
-    ZQ_FAIL(status, zqpalerr_softwareFault, "debugsessionattributes", 212);
+    ZQ_FAIL(status, kDebugsessionattributesSoftwareFault212);
     return true;
   }
   std::vector<std::string> items;
@@ -114,7 +113,7 @@ bool DebugSessionAttributes::setStringVtr(int32_t id, const zqgopher_ArrayView* 
   for (uint64_t i = 0; i < value->count; ++i) {
     const char* item = zqgopher_ArrayView_strings(value)[i];
     if (!item) {
-      ZQ_FAIL(status, zqpalerr_softwareFault, "debugsessionattributes", 219);
+      ZQ_FAIL(status, kDebugsessionattributesSoftwareFault219);
       return true;
     }
     // The plug-in wants these names without a leading "/".
@@ -137,7 +136,7 @@ void DebugSessionAttributes::applyDebugAttributes(PluginInterface* plugin,
                                                   zqerr_Status* status) const {
   if (!zqerr::isOpen(status)) return;
   if (!plugin || !pluginTask) {
-    ZQ_FAIL(status, zqpalerr_softwareFault, "debugsessionattributes", 254);
+    ZQ_FAIL(status, kDebugsessionattributesSoftwareFault254);
     return;
   }
   zqgopher::StringArrayView list1(list1_);

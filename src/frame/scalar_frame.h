@@ -13,7 +13,7 @@
 #include "frame/type_classes.h"
 #include "lasterror/last_error.h"
 #include "status/exceptions.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace zqframe {
 
@@ -130,7 +130,7 @@ int32_t resetAttribute(const AccessorInfo& info, TaskHandle handle, const char* 
 
 // The offset and size accessors: the narrow operation first, and when the plug-in answers
 // exactly -89000, a clean status and the wide one.
-inline constexpr int32_t kUseWideOperation = -89000;
+inline constexpr int32_t kUseWideOperation = zqvorexPlugin_useWideOperation;
 
 template <class Class, auto NarrowOp, auto WideOp>
 int32_t getScalarWithFallback(const AccessorInfo& info, TaskHandle handle, typename Class::Value* data) {

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "status/status.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqframe {
 
@@ -17,18 +17,17 @@ class TaskHolder {
   TaskHolder(TaskHandle handle, zqerr_Status* status) {
     if (!zqerr::isOpen(status)) return;
     if (!handle) {
-      ZQ_FAIL(status, nZQMSTS::kErrorNULLPtrForC_Api, "globals", 120);
+      ZQ_FAIL(status, kGlobalsNullHandle);
       return;
     }
     task_ = static_cast<Task*>(handle)->sharedFromThis();
-    if (!task_) zqerr::setPlain(status, zqpalerr_badPointer, kExpiredSite);
+    if (!task_) zqerr::setPlain(status, zqpalerr_badPointer, zqsite::kSharedFromThisExpired.location);
   }
   Task* get() const { return task_.get(); }
   Task* operator->() const { return task_.get(); }
   explicit operator bool() const { return task_ != nullptr; }
 
  private:
-  static constexpr zqerr::SourceLocation kExpiredSite{"zqhtl/EnableSharedFromThis", 41, zqerr::kComponent, nullptr};
   std::shared_ptr<Task> task_;
 };
 

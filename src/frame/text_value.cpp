@@ -5,7 +5,7 @@
 #include "frame/channel_argument.h"
 #include "frame/scalar_frame.h"
 #include "status/report_writer.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 #include "text/list_parser.h"
 #include "text/nstring.h"
 #include "text/trim_split.h"

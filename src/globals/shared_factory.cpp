@@ -4,7 +4,7 @@
 
 #include "globals/shared_globals.h"
 #include "status/exceptions.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "task/null_task.h"
 #include "task/task.h"
 
@@ -22,7 +22,7 @@ constexpr uint32_t kOther = zqvorexRedir::kTaskKindOther;
 bool takeServices(TaskParts& parts, zqerr_Status* status) {
   SharedGlobals* globals = currentSharedGlobals();
   if (!globals) {
-    ZQ_FAIL(status, zqpalerr_softwareFault, "taskFactory", 61);
+    ZQ_FAIL(status, kTaskFactorySoftwareFault);
     return false;
   }
   parts.pluginManager = globals->pluginManager;

@@ -5,7 +5,7 @@
 
 #include "paths/system_error_items.h"
 #include "paths/windows_registry.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqsysq {
 
@@ -18,20 +18,20 @@ bool resize(std::u16string* buffer, size_t units, zqerr_Status* status) {
     buffer->resize(units);
     return true;
   } catch (const std::bad_alloc&) {
-    ZQ_FAIL(status, zqapalerr_memoryFull, "stdpath", 60);
+    ZQ_FAIL(status, kStdpathMemoryFull);
     return false;
   }
 }
 
 void reportQueryFailure(uint32_t result, zqerr_Status* status) {
-  if (!ZQ_FAIL(status, zqapalerr_resourceNotFound, "stdpath", 77)) return;
+  if (!ZQ_FAIL(status, kStdpathResourceNotFound)) return;
   zqerr::ReportWriter w = writeWin32Error(zqerr::rootWriter(status), result);
   w = openObject(w, "zqsysq_debug");
   closeObject(zqerr::writeString(w, "desc", "RegQueryValue failed"));
 }
 
 void reportShellFailure(int32_t result, zqerr_Status* status) {
-  if (!ZQ_FAIL(status, zqapalerr_resourceNotFound, "stdpath", 114)) return;
+  if (!ZQ_FAIL(status, kStdpathResourceNotFound114)) return;
   zqerr::ReportWriter w = openObject(zqerr::rootWriter(status), "internal_error");
   w = zqerr::writeString(w, "api", "hresult");
   w = closeObject(zqerr::writeInt32(w, "code", result));

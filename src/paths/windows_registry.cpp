@@ -1,7 +1,7 @@
 #include "paths/windows_registry.h"
 
 #include "paths/system_error_items.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqsysq {
 
@@ -14,7 +14,7 @@ void openKey(zqplatform::RegistryKey root, const char16_t* path, uint32_t access
     key->reset(opened);
     return;
   }
-  if (!ZQ_FAIL(status, zqapalerr_resourceNotFound, "windowsregistry", 91)) return;
+  if (!ZQ_FAIL(status, kWindowsregistryResourceNotFound)) return;
   zqerr::ReportWriter w = writeWin32Error(zqerr::rootWriter(status), result);
   w = openObject(w, "zqsysq_debug");
   closeObject(zqerr::writeString(w, "desc", "RegOpenKeyEx failed"));

@@ -5,18 +5,13 @@
 #include <tuple>
 
 #include "status/exceptions.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace nZQCAI100 {
 
 namespace {
 
 constexpr size_t kBuckets = 16;
-
-void invalidTask(zqerr_Status* status, uint32_t line) {
-  zqerr::setWithLocation(status, nZQMSTS::kErrorInvalidTask,
-                         zqerr::SourceLocation{"TaskPool", line, zqerr::kComponent, "nZQMSTS::kErrorInvalidTask"});
-}
 
 }  // namespace
 
@@ -32,7 +27,7 @@ void TaskPool::addTask(TaskRef task, zqerr_Status* status) {
   TaskRef argument = std::move(task);  // declared first: released after the lock
   if (!zqerr::isOpen(status)) return;
   if (!argument || !byHandle_) {
-    invalidTask(status, 61);
+    ZQ_FAIL(status, kTaskPoolAddNull);
     return;
   }
   std::lock_guard<zqplatform::SlimLock> lock(lock_);
@@ -46,7 +41,7 @@ void TaskPool::insert(const TaskRef& task, zqerr_Status* status) {
   try {
     std::tie(handleNode, madeHandle) = byHandle_->emplace(taskAddress(*task), task);
     std::tie(nameNode, madeName) = byName_->emplace(task->getName(), task);
-    if (!madeHandle || !madeName) ZQ_FAIL(status, nZQMSTS::kErrorDuplicateTask, "TaskPool", 88);
+    if (!madeHandle || !madeName) ZQ_FAIL(status, kTaskPoolDuplicateTask);
   } catch (...) {
     zqerr::convertCurrentException(status);
   }
@@ -60,7 +55,7 @@ void TaskPool::removeTask(TaskRef task, zqerr_Status* status) {
   TaskRef argument = std::move(task);  // declared first: the task may die here, never under the lock
   if (!zqerr::isOpen(status)) return;
   if (!argument || !byHandle_) {
-    invalidTask(status, 121);
+    ZQ_FAIL(status, kTaskPoolRemoveNull);
     return;
   }
   size_t erased = 0;
@@ -71,7 +66,7 @@ void TaskPool::removeTask(TaskRef task, zqerr_Status* status) {
     zqerr::convertCurrentException(status);
     return;
   }
-  if (erased == 0) invalidTask(status, 139);
+  if (erased == 0) ZQ_FAIL(status, kTaskPoolRemoveUnknown);
 }
 
 size_t TaskPool::erase(const TaskRef& task) {
@@ -95,7 +90,7 @@ TaskRef TaskPool::getTask(TaskHandle handle, zqerr_Status* status) {
 void TaskPool::getTaskInto(TaskHandle handle, TaskRef* task, zqerr_Status* status) {
   if (!zqerr::isOpen(status)) return;
   *task = findTask(handle);
-  if (!*task) invalidTask(status, 172);
+  if (!*task) ZQ_FAIL(status, kTaskPoolGetUnknown);
 }
 
 }  // namespace nZQCAI100

@@ -1,12 +1,12 @@
 #include "pool/task_rollback.h"
 
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace nZQCAI100 {
 
 TaskRollback::TaskRollback(std::shared_ptr<ITaskPool> pool, zqerr_Status* status)
     : pool_(std::move(pool)), status_(status) {
-  if (!pool_) ZQ_FAIL(status, zqpalerr_badPointer, "TaskPool", 205);
+  if (!pool_) ZQ_FAIL(status, kTaskPoolBadPointer);
 }
 
 TaskRollback::~TaskRollback() {

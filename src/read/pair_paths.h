@@ -9,6 +9,7 @@
 #include "boundary/array_buffer_adapter.h"
 #include "read/read_frame.h"
 #include "read/vector_paths.h"
+#include "status/error_sites.h"
 
 namespace zqread {
 
@@ -79,7 +80,7 @@ int32_t readPair(const ReadInfo& info, TaskHandle handle, const PairArgs<typenam
         const zqvorexPlugin_ReadLayout layout = layoutOf(a.mode);
         const uint32_t numChans = channelsToRead(*task, status);
         if (zqerr::isOpen(status) && numChans == 0)
-          ZQ_FAIL(status, nZQMSTS100::kErrorNonbufferedOrNoChannels, "cread", 310);
+          ZQ_FAIL(status, kCreadNonbufferedOrNoChannels);
         uint64_t numSamps = resolveNumSamps(*task, a.numSampsPerChan, status);
         if (numChans != 0) numSamps = limitAuto(numSamps, a.numSampsPerChan, a.arraySizeInSamps / numChans);
         checkSampleSpace(a.arraySizeInSamps, numSamps * numChans, status);
@@ -111,7 +112,7 @@ int32_t readPower(const ReadInfo& info, TaskHandle handle, const PairArgs<typena
           uint64_t numSamps = resolveNumSamps(*task, a.numSampsPerChan, status);
           const uint32_t numChans = channelsToRead(*task, status);
           if (zqerr::isOpen(status) && numChans == 0)
-            ZQ_FAIL(status, nZQMSTS100::kErrorNonbufferedOrNoChannels, "cread", 380);
+            ZQ_FAIL(status, kCreadNonbufferedOrNoChannels380);
           if (numChans != 0) numSamps = limitAuto(numSamps, a.numSampsPerChan, a.arraySizeInSamps / numChans);
           checkSampleSpace(a.arraySizeInSamps, static_cast<uint32_t>(static_cast<uint32_t>(numSamps) * numChans),
                            status);

@@ -7,7 +7,7 @@
 #include "boundary/array_view.h"
 #include "boundary/item_adder_adapter.h"
 #include "status/report_writer.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqread {
 
@@ -23,12 +23,12 @@ zqerr::ReportWriter items(zqerr_Status* status) {
 }  // namespace
 
 void checkReserved(const void* reserved, zqerr_Status* status) {
-  if (reserved) ZQ_FAIL(status, nZQMSTS100::kErrorReservedParamNotNULL, "cread", 40);
+  if (reserved) ZQ_FAIL(status, kCreadReservedParamNotNULL);
 }
 
 bool failNullArray(const void* array, int32_t numSampsPerChan, int32_t paramNum, zqerr_Status* status) {
   if (array || numSampsPerChan == 0) return false;
-  if (ZQ_FAIL(status, nZQMSTS100::kErrorNULLPtrForC_Api, "cread", 52))
+  if (ZQ_FAIL(status, kCreadNullArray))
     zqerr::addItem(items(status), zqerr::usage::kUsageTypeParamNum, paramNum);
   return true;
 }
@@ -49,7 +49,7 @@ uint64_t resolveNumSamps(ITask& task, int32_t numSampsPerChan, zqerr_Status* sta
     return task.getReadAttributeSize(none, kReadAvailSampPerChan, status);
   }
   if (numSampsPerChan < kAuto) {
-    if (ZQ_FAIL(status, nZQMSTS100::kErrorInvalidNumberSamplesToRead, "cread", 75))
+    if (ZQ_FAIL(status, kCreadInvalidNumberSamplesToRead))
       zqerr::addItem(items(status), zqerr::usage::kUsageTypeRequestedNumberSamples, numSampsPerChan);
     return 0;
   }
@@ -62,7 +62,7 @@ uint64_t limitAuto(uint64_t numSamps, int32_t numSampsPerChan, uint64_t perChann
 
 void checkSampleSpace(uint32_t arraySizeInSamps, uint64_t required, zqerr_Status* status) {
   if (!zqerr::isOpen(status) || arraySizeInSamps >= required) return;
-  if (ZQ_FAIL(status, nZQMSTS100::kErrorReadBufferTooSmall, "cread", 96)) {
+  if (ZQ_FAIL(status, kCreadReadBufferTooSmall)) {
     auto w = zqerr::addItem(items(status), zqerr::usage::kUsageTypeBufferLength, arraySizeInSamps);
     zqerr::addItem(w, zqerr::usage::kUsageTypeReqBufSizeInSamps, static_cast<uint32_t>(required));
   }
@@ -70,7 +70,7 @@ void checkSampleSpace(uint32_t arraySizeInSamps, uint64_t required, zqerr_Status
 
 void checkByteSpace(uint32_t arraySizeInBytes, uint64_t required, zqerr_Status* status) {
   if (!zqerr::isOpen(status) || arraySizeInBytes >= required) return;
-  if (ZQ_FAIL(status, nZQMSTS100::kErrorReadBufferTooSmall, "cread", 104)) {
+  if (ZQ_FAIL(status, kCreadReadBufferTooSmall104)) {
     auto w = zqerr::addItem(items(status), zqerr::usage::kUsageTypeBufferLength, arraySizeInBytes);
     zqerr::addItem(w, zqerr::usage::kUsageTypeReqBufSizeInBytes, required);
   }

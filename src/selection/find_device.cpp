@@ -5,7 +5,7 @@
 #include "selection/selection_constants.h"
 #include "selection/task_plugin_selector.h"
 #include "status/report_writer.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqvorexRedir {
 
@@ -30,16 +30,16 @@ void TaskPluginSelector::findDevice(uint64_t lock, const std::string& device,
                                     zqvorexStorageCpp::ObjectId* objectId, zqerr_Status* status) const {
   if (!zqerr::isOpen(status)) return;
   if (!storage_) {
-    ZQ_FAIL(status, zqpalerr_badPointer, "taskpluginselector", 151);
+    ZQ_FAIL(status, kTaskpluginselectorBadPointer);
     return;
   }
   zqerr::Status local;
   storage_->getObjectIDForNameInNamespace(lock, selection::kDeviceClass, device.c_str(), objectId, &local);
-  if (local.code != selection::kStorageObjectNotFound && local.code != selection::kStorageDeviceNotFound) {
+  if (local.code != zqvorexStorage_errorObjectNotFound && local.code != zqvorexStorage_errorDeviceNotFound) {
     if (local.code != 0) zqerr::adopt(status, &local);
     return;
   }
-  if (!ZQ_FAIL(status, nZQMSTS::kErrorInvalidDeviceID, "taskpluginselector", 163)) return;
+  if (!ZQ_FAIL(status, kTaskpluginselectorInvalidDeviceID)) return;
   zqerr::ReportWriter w = zqerr::openOrderedData(status, zqerr::kTranslatorZqvorex);
   w = zqerr::addItem(w, zqerr::usage::kUsageTypeDeviceSpecified, device);
   const std::vector<std::string> known = configuredDeviceNames(lock);

@@ -4,7 +4,7 @@
 #include "selection/selection_constants.h"
 #include "selection/task_plugin_selector.h"
 #include "status/report_writer.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqvorexRedir {
 
@@ -31,7 +31,7 @@ bool TaskPluginSelector::readFlag(uint64_t lock, const zqvorexStorageCpp::Object
                                   zqerr_Status* status) const {
   zqerr::Status local;
   const bool value = storage_->getObjectBoolProperty(lock, &device, property, &local);
-  if (local.code == selection::kStoragePropertyNotFound) return false;
+  if (local.code == zqvorexStorage_errorPropertyNotFound) return false;
   if (local.code != 0) zqerr::adopt(status, &local);
   return zqerr::isOpen(status) && value;
 }
@@ -59,11 +59,11 @@ void TaskPluginSelector::pluginFromDevices(uint64_t lock, const NameSet& devices
                                            bool* debuggable, zqerr_Status* status) const {
   if (!zqerr::isOpen(status)) return;
   if (devices.empty()) {
-    ZQ_FAIL(status, nZQMSTS::kErrorPhysicalChannelNotSpecified, "taskpluginselector", 212);
+    ZQ_FAIL(status, kTaskpluginselectorPhysicalChannelNotSpecified);
     return;
   }
   if (!storage_ || !capabilities_) {
-    ZQ_FAIL(status, zqpalerr_badPointer, "taskpluginselector", 216);
+    ZQ_FAIL(status, kTaskpluginselectorBadPointer216);
     return;
   }
   const bool debugEnabled = debugSessionsEnabled();
@@ -78,7 +78,7 @@ void TaskPluginSelector::pluginFromDevices(uint64_t lock, const NameSet& devices
     if (chosen.empty()) {
       chosen = name;
     } else if (!name.empty() && name != chosen) {
-      if (ZQ_FAIL(status, zqapalerr_featureUnsupported, "taskpluginselector", 241))
+      if (ZQ_FAIL(status, kTaskpluginselectorFeatureUnsupported))
         addAcrossPluginsComment(status);
       return;
     }

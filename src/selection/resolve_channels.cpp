@@ -3,7 +3,7 @@
 #include "boundary/string_adapter.h"
 #include "selection/task_plugin_selector.h"
 #include "status/report_writer.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "storage/auto_specification.h"
 
 namespace zqvorexRedir {
@@ -21,9 +21,9 @@ void TaskPluginSelector::resolveChannel(uint64_t specToken, const std::string& t
   if (found == 0) found = storageSpec_->getChannelSpecificationByName(specToken, channel.c_str(), status);
   AutoSpecification definition(storageSpec_, found, SpecificationKind::kChannel, status);
   if (definition.get() == 0) {
-    ZQ_FAIL(status, nZQMSTS100::kErrorVirtualChanDoesNotExist, "taskpluginselector", 318);
+    ZQ_FAIL(status, kTaskpluginselectorVirtualChanDoesNotExist);
     // Takes only a status that nothing has set yet.
-    ZQ_FAIL(status, nZQMSTS::kErrorGrafoInvalidTaskOrChans, "taskpluginselector", 320);
+    ZQ_FAIL(status, kTaskpluginselectorGrafoInvalidTaskOrChans);
     return;
   }
   std::string device;
@@ -44,7 +44,7 @@ void TaskPluginSelector::resolveChannels(uint64_t specToken, const std::string& 
                                          NameSet* channels, zqerr_Status* status) const {
   if (!zqerr::isOpen(status)) return;
   if (!storageSpec_ || !channelSpecification_) {
-    ZQ_FAIL(status, zqpalerr_badPointer, "taskpluginselector", 300);
+    ZQ_FAIL(status, kTaskpluginselectorBadPointer300);
     return;
   }
   for (const std::string& channel : channelNames) {
@@ -61,7 +61,7 @@ std::vector<std::string> TaskPluginSelector::savedTaskChannels(uint64_t specToke
   *found = false;
   if (!zqerr::isOpen(status)) return {};
   if (!storageSpec_ || !channelTaskSpecification_) {
-    ZQ_FAIL(status, zqpalerr_badPointer, "taskpluginselector", 270);
+    ZQ_FAIL(status, kTaskpluginselectorBadPointer270);
     return {};
   }
   AutoSpecification task(storageSpec_,
@@ -87,7 +87,7 @@ void TaskPluginSelector::resolveSavedTask(uint64_t specToken, const std::string&
   const std::vector<std::string> taskChannels = savedTaskChannels(specToken, taskName, &found, status);
   if (!zqerr::isOpen(status)) return;
   if (!found) {
-    if (ZQ_FAIL(status, nZQMSTS::kErrorTaskNotInDataNeighborhood, "taskpluginselector", 176)) {
+    if (ZQ_FAIL(status, kTaskpluginselectorTaskNotInDataNeighborhood)) {
       zqerr::addItem(zqerr::openOrderedData(status, zqerr::kTranslatorZqvorex),
                      zqerr::usage::kUsageTypeInvalidTaskName, taskName);
     }

@@ -18,11 +18,6 @@ inline constexpr const char* kLocalContext = "127.0.0.1";  // context name of th
 inline constexpr const char* kDebugSessionToggle = "DebugSession";
 inline constexpr bool kDebugSessionDefault = true;
 
-// Codes of the storage library that mean "no such thing" to the selection.
-inline constexpr int32_t kStorageObjectNotFound = -201233;
-inline constexpr int32_t kStorageDeviceNotFound = -200220;
-inline constexpr int32_t kStoragePropertyNotFound = -201266;
-
 inline constexpr const char* kAcrossPluginsComment = "Channel expansion across plugins not supported yet";
 
 }  // namespace zqvorexRedir::selection

@@ -6,7 +6,7 @@
 #include "boundary/guard.h"
 #include "boundary/string_adapter.h"
 #include "selection/selection_constants.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "storage/auto_storage_session.h"
 #include "storage/auto_storage_session_reader_with_lock.h"
 #include "storage/auto_storage_session_spec_reader_with_lock.h"
@@ -22,7 +22,7 @@ using zqvorexStorageCpp::AutoStorageSessionSpecReaderWithLock;
 namespace {
 
 void failNoDevice(zqerr_Status* status) {
-  ZQ_FAIL(status, nZQMSTS::kErrorPhysicalChannelNotSpecified, "taskpluginselector", 97);
+  ZQ_FAIL(status, kTaskpluginselectorPhysicalChannelNotSpecified97);
 }
 
 }  // namespace
@@ -58,7 +58,7 @@ bool TaskPluginSelector::selectForNames(const std::string& names, const std::str
                                         NameSet* channels, zqerr_Status* status) {
   return zqgopher::guarded(status, false, [&] {
     if (names.empty()) {
-      ZQ_FAIL(status, nZQMSTS::kErrorGrafoEmptyTaskOrChans, "taskpluginselector", 121);
+      ZQ_FAIL(status, kTaskpluginselectorGrafoEmptyTaskOrChans);
       return false;
     }
     AutoStorageSession session(
@@ -126,7 +126,7 @@ void TaskPluginSelector::selectForConfigString(uint32_t format, const std::strin
                                                NameSet* channels, zqerr_Status* status) {
   zqgopher::guarded(status, [&] {
     if (!storage_) {
-      ZQ_FAIL(status, zqpalerr_badPointer, "taskpluginselector", 232);
+      ZQ_FAIL(status, kTaskpluginselectorBadPointer232);
       return;
     }
     AutoStorageSession textSession(
@@ -136,8 +136,7 @@ void TaskPluginSelector::selectForConfigString(uint32_t format, const std::strin
     const std::vector<std::string> tasks = objectNames(textReader.get(), selection::kTaskClass, status);
     if (!zqerr::isOpen(status)) return;
     if (tasks.size() != 1) {
-      ZQ_FAIL(status, nZQMESL100::kInternalErrorIllegalNumberOfTasksFoundInTaskINI, "taskpluginselector",
-              245);
+      ZQ_FAIL(status, kTaskpluginselectorIllegalNumberOfTasksFoundInTaskINI);
       return;
     }
     const std::vector<std::string> channelList =

@@ -5,7 +5,7 @@
 #include <typeinfo>
 
 #include "status/report_writer.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqerr {
 
@@ -27,15 +27,15 @@ int32_t mapStandard(Set set) {
   try {
     throw;
   } catch (const std::bad_alloc& e) {
-    return set(zqapalerr_memoryFull, ZQ_SITE("exception", __LINE__, zqapalerr_memoryFull), e.what());
+    return set(zqapalerr_memoryFull, zqsite::kExceptionMemoryFull.location, e.what());
   } catch (const std::bad_cast& e) {
-    return set(zqapalerr_dynamicCastFailed, ZQ_SITE("exception", __LINE__, zqapalerr_dynamicCastFailed), e.what());
+    return set(zqapalerr_dynamicCastFailed, zqsite::kExceptionDynamicCastFailed.location, e.what());
   } catch (const std::logic_error& e) {
-    return set(zqapalerr_invalidParameter, ZQ_SITE("exception", __LINE__, zqapalerr_invalidParameter), e.what());
+    return set(zqapalerr_invalidParameter, zqsite::kExceptionInvalidParameter.location, e.what());
   } catch (const std::exception& e) {
-    return set(zqpalerr_softwareFault, ZQ_SITE("exception", __LINE__, zqpalerr_softwareFault), e.what());
+    return set(zqpalerr_softwareFault, zqsite::kExceptionSoftwareFault.location, e.what());
   } catch (...) {
-    return set(zqpalerr_softwareFault, SourceLocation{"exception", __LINE__, kComponent, nullptr}, nullptr);
+    return set(zqpalerr_softwareFault, zqsite::kExceptionUnknown.location, nullptr);
   }
 }
 
@@ -57,7 +57,7 @@ void convertCurrentException(zqerr_Status* status) noexcept {
     }
   } catch (...) {
     // Writing the report failed in a way that threw; the code rule still holds.
-    setPlain(status, zqpalerr_softwareFault, SourceLocation{"exception", __LINE__, kComponent, nullptr});
+    setPlain(status, zqpalerr_softwareFault, zqsite::kExceptionReportFailed.location);
   }
 }
 
@@ -77,7 +77,8 @@ int32_t convertCurrentException(FixedStatus* fixed) noexcept {
       });
     }
   } catch (...) {
-    setFixed(fixed, zqpalerr_softwareFault, kComponent, "exception", __LINE__);
+    setFixed(fixed, zqpalerr_softwareFault, kComponent, zqsite::kExceptionFixed.location.file,
+             zqsite::kExceptionFixed.location.line);
     return fixed->code;
   }
 }

@@ -40,11 +40,18 @@ constexpr bool replaces(int32_t present, int32_t next) {
 
 inline bool isOpen(const zqerr_Status* status) { return status->code >= 0; }
 
+// A site of the error site table: the code it sets and its location (status/error_sites.h).
+struct Site {
+  int32_t code;
+  SourceLocation location;
+};
+
 // The setters return whether the code changed. The report then holds only the new site.
 bool setWithLocation(zqerr_Status* status, int32_t code, const SourceLocation& location);
 bool setPlain(zqerr_Status* status, int32_t code, const SourceLocation& location);
 bool adopt(zqerr_Status* destination, zqerr_Status* source);
 void clearReport(zqerr_Status* status);
+inline bool fail(zqerr_Status* status, const Site& site) { return setWithLocation(status, site.code, site.location); }
 
 // Resets the report to "{}" in the buffer form; false if no buffer of 4 bytes could be had.
 bool resetReport(zqerr_Status* status);
@@ -59,6 +66,9 @@ inline FixedStatus makeFixedStatus() {
 }
 
 bool setFixed(FixedStatus* fixed, int32_t code, const char* component, const char* file, uint32_t line);
+inline bool setFixed(FixedStatus* fixed, const Site& site) {
+  return setFixed(fixed, site.code, site.location.component, site.location.file, site.location.line);
+}
 
 // The bridge's two copies, also used by exception conversion. Down: code, component, file and
 // line out of the report. Up: the fixed code with a fresh report of its site, under the rule.
@@ -80,15 +90,3 @@ class StatusBridge {
 };
 
 }  // namespace zqerr
-
-// A constant site record: file and line as the interface states them, the constant's text
-// exactly as written at the site.
-#define ZQ_SITE(file, line, constant)                                                     \
-  ([]() -> const ::zqerr::SourceLocation& {                                               \
-    static constexpr ::zqerr::SourceLocation kSite{file, line, ::zqerr::kComponent, #constant}; \
-    return kSite;                                                                          \
-  }())
-
-// The common error site: set `constant` with its location; true when the code changed.
-#define ZQ_FAIL(status, constant, file, line) \
-  ::zqerr::setWithLocation(status, constant, ZQ_SITE(file, line, constant))

@@ -1,6 +1,6 @@
 #include "storage/auto_specification.h"
 
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqvorexStorageCpp {
 
@@ -8,7 +8,7 @@ AutoSpecification::AutoSpecification(std::shared_ptr<StorageSpec> storageSpec, u
                                      SpecificationKind kind, zqerr_Status* status)
     : storageSpec_(std::move(storageSpec)), kind_(kind) {
   if (!storageSpec_) {
-    ZQ_FAIL(status, zqpalerr_badPointer, "AutoSpecification", 32);
+    ZQ_FAIL(status, kAutoSpecificationBadPointer);
     return;
   }
   specification_ = specification;

@@ -1,6 +1,6 @@
 #include "storage/auto_storage_session.h"
 
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqvorexStorageCpp {
 
@@ -8,7 +8,7 @@ AutoStorageSession::AutoStorageSession(std::shared_ptr<Storage> storage, uint64_
                                        zqerr_Status* status)
     : storage_(std::move(storage)) {
   if (!storage_ || session == 0) {
-    ZQ_FAIL(status, zqpalerr_badPointer, "AutoStorageSession", 25);
+    ZQ_FAIL(status, kAutoStorageSessionBadPointer);
     return;
   }
   session_ = session;

@@ -1,6 +1,6 @@
 #include "storage/auto_storage_session_reader_with_lock.h"
 
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqvorexStorageCpp {
 
@@ -8,7 +8,7 @@ AutoStorageSessionReaderWithLock::AutoStorageSessionReaderWithLock(std::shared_p
                                                                    uint64_t session, zqerr_Status* status)
     : storage_(std::move(storage)) {
   if (!storage_ || session == 0) {
-    ZQ_FAIL(status, zqpalerr_badPointer, "AutoStorageSessionReaderWithLock", 27);
+    ZQ_FAIL(status, kAutoStorageSessionReaderWithLockBadPointer);
     return;
   }
   lock_ = storage_->beginReadOperation(session, status);

@@ -1,6 +1,6 @@
 #include "storage/auto_storage_session_spec_reader_with_lock.h"
 
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqvorexStorageCpp {
 
@@ -8,7 +8,7 @@ AutoStorageSessionSpecReaderWithLock::AutoStorageSessionSpecReaderWithLock(
     std::shared_ptr<StorageSpec> storageSpec, uint64_t session, zqerr_Status* status)
     : storageSpec_(std::move(storageSpec)) {
   if (!storageSpec_ || session == 0) {
-    ZQ_FAIL(status, zqpalerr_badPointer, "AutoStorageSessionSpecReaderWithLock", 28);
+    ZQ_FAIL(status, kAutoStorageSessionSpecReaderWithLockBadPointer);
     return;
   }
   token_ = storageSpec_->beginStorageSpecReadOperation(session, status);

@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "boundary/guard.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqvorexStorageCpp {
 
@@ -31,7 +31,7 @@ void clear(zqgopher_IItemAdder* self, zqerr_Status* status) {
 void add(zqgopher_IItemAdder* self, const ObjectId* id, zqerr_Status* status) {
   zqgopher::guarded(status, [&] {
     if (!id) {
-      ZQ_FAIL(status, zqapalerr_invalidParameter, "ObjectIdList", 29);
+      ZQ_FAIL(status, kObjectIdListInvalidParameter);
       return;
     }
     idsOf(self).push_back(*id);
@@ -42,7 +42,7 @@ void addRange(zqgopher_IItemAdder* self, const ObjectId* ids, uint64_t count, zq
   zqgopher::guarded(status, [&] {
     if (count == 0) return;
     if (!ids) {
-      ZQ_FAIL(status, zqapalerr_invalidParameter, "ObjectIdList", 40);
+      ZQ_FAIL(status, kObjectIdListInvalidParameter40);
       return;
     }
     std::vector<ObjectId>& list = idsOf(self);

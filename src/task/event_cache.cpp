@@ -3,7 +3,7 @@
 #include <mutex>
 
 #include "status/exceptions.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqvorexRedir {
 
@@ -13,7 +13,7 @@ void EventCache::add(int32_t eventId, zqvorexPlugin_EventToken token, const void
   try {
     std::lock_guard<zqplatform::SlimLock> held(lock_);
     if (idByToken_.count(token) != 0) {
-      ZQ_FAIL(status, nZQMESL::kInternalErrorEventAlreadyRegisteredInTask, "task", 2406);
+      ZQ_FAIL(status, kTaskEventAlreadyRegisteredInTask);
       return;
     }
     insert(eventId, token, boundaryObject);
@@ -62,7 +62,7 @@ void EventCache::remove(zqvorexPlugin_EventToken token, zqerr_Status* status) {
   std::lock_guard<zqplatform::SlimLock> held(lock_);
   auto found = idByToken_.find(token);
   if (found == idByToken_.end()) {
-    ZQ_FAIL(status, zqapalerr_resourceNotFound, "task", 2437);
+    ZQ_FAIL(status, kTaskResourceNotFound);
     return;
   }
   auto byId = tokensById_.find(found->second);

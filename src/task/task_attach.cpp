@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "contexts/context.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "task/channel_creation_scope.h"
 #include "text/list_parser.h"
 
@@ -36,11 +36,11 @@ void Task::attachPhysicalChannels(const Text& list, ChannelCreationScope& scope,
   for (std::string_view entry : entries) {
     if (entry.starts_with('/')) entry.remove_prefix(1);
     if (entry.empty()) {
-      ZQ_FAIL(status, nZQMSTS::kErrorPhysicalChannelNotSpecified, "task", 1592);
+      ZQ_FAIL(status, kTaskPhysicalChannelNotSpecified);
       return;
     }
     if (!splitPhysicalChannel(entry, devices, channels)) {
-      ZQ_FAIL(status, (-201237), "task", 1597);
+      ZQ_FAIL(status, kTaskChannelDeviceNotFound);
       return;
     }
   }
@@ -48,7 +48,7 @@ void Task::attachPhysicalChannels(const Text& list, ChannelCreationScope& scope,
   for (const std::string& device : devices)
     if (!deviceNames_.count(device)) newDevices.insert(device);
   if (deviceNames_.empty() && newDevices.empty()) {
-    ZQ_FAIL(status, nZQMSTS::kErrorPhysicalChannelNotSpecified, "task", 1611);
+    ZQ_FAIL(status, kTaskPhysicalChannelNotSpecified1611);
     return;
   }
   for (const std::string& channel : channels) {
@@ -82,7 +82,7 @@ void Task::attachPhysicalChannels(const Text& list, ChannelCreationScope& scope,
 void Task::createPluginContext(zqerr_Status* status) {
   if (!zqerr::isOpen(status)) return;
   if (!plugin_) {
-    ZQ_FAIL(status, zqpalerr_softwareFault, "task", 1650);
+    ZQ_FAIL(status, kTaskSoftwareFault);
     return;
   }
   if (pluginContext_) return;
@@ -93,7 +93,7 @@ void Task::createPluginContext(zqerr_Status* status) {
 void Task::createPluginTask(const char* savedTaskName, const char* channelNames, zqerr_Status* status) {
   if (!zqerr::isOpen(status)) return;
   if (!plugin_ || !pluginContext_) {
-    ZQ_FAIL(status, zqpalerr_softwareFault, "task", 1668);
+    ZQ_FAIL(status, kTaskSoftwareFault1668);
     return;
   }
   if (pluginTask_) return;

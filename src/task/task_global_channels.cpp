@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "contexts/context.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "task/channel_creation_scope.h"
 
 namespace zqvorexRedir {
@@ -35,9 +35,9 @@ void Task::addChannelsToTaskOwn(const Text& channelNames, zqerr_Status* status) 
       return;
     }
     if (isDeviceTask_)
-      ZQ_FAIL(status, nZQMSTS::kErrorFunctionNotSupportedForDeviceTasks, "task", 1841);
+      ZQ_FAIL(status, kTaskFunctionNotSupportedForDeviceTasks);
     else if (!channelNames.empty() || !deviceNames_.empty())
-      ZQ_FAIL(status, zqpalerr_softwareFault, "task", 1844);
+      ZQ_FAIL(status, kTaskSoftwareFault1844);
   } catch (...) {
     zqerr::convertCurrentException(status);
   }

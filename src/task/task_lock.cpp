@@ -2,7 +2,7 @@
 #include <mutex>
 
 #include "status/exceptions.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 #include "task/task.h"
 
 namespace zqvorexRedir {

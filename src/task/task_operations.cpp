@@ -2,7 +2,7 @@
 // task writes out itself go to their own code, all others run the common frame and forward
 // to the plug-in operation of the same name.
 #include "status/report_writer.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "task/channel_creation_scope.h"
 #include "task/sample_mirror.h"
 #include "task/task_routes.h"
@@ -24,16 +24,16 @@ R answerUnbound(const Task& task, Args&... args) {
 }  // namespace
 
 void Task::failNoDevice(zqerr_Status* status) const {
-  ZQ_FAIL(status, nZQMSTS::kErrorCanNotPerformOpWhenNoDevInTask, "task", 1204);
+  ZQ_FAIL(status, kTaskCanNotPerformOpWhenNoDevInTask);
 }
 
 void Task::failNoChannels(zqerr_Status* status) const {
-  ZQ_FAIL(status, nZQMSTS::kErrorCanNotPerformOpWhenNoChansInTask, "task", 1211);
+  ZQ_FAIL(status, kTaskCanNotPerformOpWhenNoChansInTask);
 }
 
 void Task::failChannelNotInTask(const zqgopher::StringArrayView& channels, zqerr_Status* status) const {
   if (channels.empty()) return;
-  if (!ZQ_FAIL(status, nZQMSTS::kErrorChanNotInTask, "task", 1218)) return;
+  if (!ZQ_FAIL(status, kTaskChanNotInTask)) return;
   zqerr::ReportWriter items = zqerr::openOrderedData(status, zqerr::kTranslatorZqvorex);
   items = zqerr::addItem(items, zqerr::usage::kUsageTypeChannelName, channels[0]);
   zqerr::addItem(items, zqerr::usage::kUsageTypeTaskName, std::string_view(name_));

@@ -1,7 +1,7 @@
 // Attributes of class Task: the task answers its name and the debug session record itself,
 // before the check of an uncommitted session so that a session can be configured at all; the
 // rest goes to the plug-in, and a task without a plug-in task answers the two ids it knows.
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "task/task_frame.h"
 
 namespace zqvorexRedir {
@@ -40,7 +40,7 @@ R Task::runTaskAttribute(zqerr_Status* status, Local&& local, Call&& call, Absen
 }
 
 void Task::failNotInTaskContext(zqerr_Status* status) const {
-  ZQ_FAIL(status, nZQMSTS::kErrorAttributeNotSupportedInTaskContext, "task", 2712);
+  ZQ_FAIL(status, kTaskAttributeNotSupportedInTaskContext);
 }
 
 uint32_t Task::getTaskAttributeBoolOwn(int32_t id, zqerr_Status* status) {
@@ -87,7 +87,7 @@ void Task::getTaskAttributeStringOwn(int32_t id, zqgopher_IString* value, zqerr_
       [&](NoResult&) {
         if (id != kTaskNameId) return debugAttributes_.getString(id, value, status);
         if (!value)
-          ZQ_FAIL(status, zqapalerr_invalidParameter, "task", 2689);
+          ZQ_FAIL(status, kTaskInvalidParameter);
         else
           value->table->assign(value, name_.data(), name_.size(), status);
         return true;

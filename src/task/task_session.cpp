@@ -3,7 +3,7 @@
 #include <mutex>
 #include <shared_mutex>
 
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "task/channel_creation_scope.h"
 
 namespace zqvorexRedir {
@@ -25,7 +25,7 @@ void Task::checkControl(bool revoke, zqerr_Status* status) {
 
 bool Task::refusedBySession(zqerr_Status* status) const {
   if (!debugAttributes_.isDebugSession() || debugAttributes_.isCommitted()) return false;
-  ZQ_FAIL(status, nZQMESL::kInternalErrorDebugConfigurationNotCommitted, "task", 1187);
+  ZQ_FAIL(status, kTaskDebugConfigurationNotCommitted);
   return true;
 }
 
@@ -52,7 +52,7 @@ void Task::abortThroughCallbacks(ILockable& task, zqerr_Status* status) {
 
 void Task::createDebugSessionTask(zqerr_Status* status) {
   if (!debugAttributes_.isDebugSession()) {
-    ZQ_FAIL(status, zqpalerr_softwareFault, "task", 1463);
+    ZQ_FAIL(status, kTaskSoftwareFault1463);
     return;
   }
   std::shared_ptr<Plugin> plugin = pluginManager_->getPlugin(kDebugPluginName, status);

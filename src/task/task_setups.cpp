@@ -4,7 +4,7 @@
 #include <mutex>
 
 #include "contexts/context.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "task/task_frame.h"
 
 namespace zqvorexRedir {
@@ -35,7 +35,7 @@ void Task::runSetUp(bool announce, zqerr_Status* status, Bind&& bind, Make&& mak
   try {
     FrameLock held(*this);
     if (!deviceNames_.empty() || !physicalChannels_.empty()) {
-      ZQ_FAIL(status, zqpalerr_softwareFault, "task", 412);
+      ZQ_FAIL(status, kTaskSoftwareFault412);
       return;
     }
     bind();
@@ -116,7 +116,7 @@ void Task::setUpFromString(uint32_t format, const Text& configString, zqerr_Stat
 
 void Task::setUpLoad(zqerr_Status* status) {
   if (zqerr::isOpen(status) && name_.empty()) {
-    ZQ_FAIL(status, nZQMSTS100::kErrorInvalidTask, "task", 468);
+    ZQ_FAIL(status, kTaskInvalidTask);
     return;
   }
   Selection selection;

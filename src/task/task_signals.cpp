@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "status/report_writer.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "task/task.h"
 #include "text/list_parser.h"
 
@@ -39,12 +39,12 @@ int32_t exportAttributeOf(int32_t signalId) {
 bool checkViews(std::initializer_list<const zqgopher_ArrayView*> views, zqerr_Status* status) {
   for (const zqgopher_ArrayView* view : views)
     if (!view) {
-      ZQ_FAIL(status, nZQMSTS::kErrorNULLPtr, "watchdog", 214);
+      ZQ_FAIL(status, kWatchdogNULLPtr);
       return false;
     }
   for (const zqgopher_ArrayView* view : views)
     if (view->count != (*views.begin())->count) {
-      ZQ_FAIL(status, nZQMSTS::kErrorMismatchedInputArraySizes, "watchdog", 220);
+      ZQ_FAIL(status, kWatchdogMismatchedInputArraySizes);
       return false;
     }
   return true;
@@ -101,7 +101,7 @@ void Task::exportSignalOwn(int32_t signalId, const zqgopher::StringArrayView& ch
   if (!zqerr::isOpen(status)) return;
   int32_t attribute = exportAttributeOf(signalId);
   if (attribute == 0) {
-    if (ZQ_FAIL(status, nZQMSTS::kErrorInvalidSignalTypeExportSignal, "hardwaresignals", 96))
+    if (ZQ_FAIL(status, kHardwaresignalsInvalidSignalTypeExportSignal))
       zqerr::addItem(zqerr::openOrderedData(status, zqerr::kTranslatorZqvorex),
                      zqerr::usage::kUsageTypeSignalEventType, signalId);
     return;
@@ -110,7 +110,7 @@ void Task::exportSignalOwn(int32_t signalId, const zqgopher::StringArrayView& ch
   if (status->code != nZQMSTS::kErrorAttributeNotSupportedInTaskContext) return;
   // An attribute the task cannot take is told in terms of the signal.
   zqerr::clearReport(status);
-  if (ZQ_FAIL(status, nZQMSTS::kErrorUnsupportedSignalTypeExportSignal, "hardwaresignals", 109))
+  if (ZQ_FAIL(status, kHardwaresignalsUnsupportedSignalTypeExportSignal))
     zqerr::addItem(zqerr::openOrderedData(status, zqerr::kTranslatorZqvorex),
                    zqerr::usage::kUsageTypeAttributeIdentifier, attribute);
 }

@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "status/exceptions.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqvorexRedir {
 
@@ -20,7 +20,7 @@ std::string LocalTaskNameGenerator::generateTaskName(zqerr_Status* status) {
     const int length =
         std::snprintf(buffer, sizeof buffer, "_unnamedTask<%llX>", static_cast<unsigned long long>(number));
     if (length < 0 || length >= static_cast<int>(sizeof buffer)) {
-      ZQ_FAIL(status, zqapalerr_osFault, "localtasknamegenerator", 41);
+      ZQ_FAIL(status, kLocaltasknamegeneratorOsFault);
       return {};
     }
     return std::string(buffer, static_cast<size_t>(length));

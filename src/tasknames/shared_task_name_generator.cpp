@@ -2,7 +2,7 @@
 
 #include "boundary/string_adapter.h"
 #include "status/exceptions.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqvorexRedir {
 
@@ -13,7 +13,7 @@ SharedTaskNameGenerator::SharedTaskNameGenerator(
 uint64_t SharedTaskNameGenerator::generateTaskNumber(zqerr_Status* status) {
   if (!zqerr::isOpen(status)) return 0;
   if (!nameGenerator_) {
-    ZQ_FAIL(status, zqpalerr_badPointer, "sharedtasknamegenerator", 17);
+    ZQ_FAIL(status, kSharedtasknamegeneratorBadPointer);
     return 0;
   }
   return nameGenerator_->generateTaskNumber(status);
@@ -22,7 +22,7 @@ uint64_t SharedTaskNameGenerator::generateTaskNumber(zqerr_Status* status) {
 std::string SharedTaskNameGenerator::generateTaskName(zqerr_Status* status) {
   if (!zqerr::isOpen(status)) return {};
   if (!nameGenerator_) {
-    ZQ_FAIL(status, zqpalerr_badPointer, "sharedtasknamegenerator", 27);
+    ZQ_FAIL(status, kSharedtasknamegeneratorBadPointer27);
     return {};
   }
   try {

@@ -1,13 +1,13 @@
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "text/status_ref.h"
 
 namespace zqhtl::err {
 
 void StatusRef::memoryFull() const {
   if (status_) {
-    ZQ_FAIL(status_, zqapalerr_memoryFull, "zqhtl/err/Allocator", 32);
+    ZQ_FAIL(status_, kAllocatorMemoryFull);
   } else {
-    zqerr::setFixed(fixed_, zqapalerr_memoryFull, zqerr::kComponent, "zqhtl/err/Allocator", 32);
+    zqerr::setFixed(fixed_, zqsite::kAllocatorMemoryFull);
   }
 }
 

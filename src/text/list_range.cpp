@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "status/error_sites.h"
 #include "text/casefold.h"
 #include "text/trim_split.h"
 
@@ -45,8 +46,8 @@ size_t findRangeColon(View entry) {
   return kNone;
 }
 
-bool fail(zqerr::FixedStatus* status, int32_t code, uint32_t line) {
-  zqerr::setFixed(status, code, zqerr::kComponent, "nparseutilities", line);
+bool fail(zqerr::FixedStatus* status, const zqerr::Site& site) {
+  zqerr::setFixed(status, site);
   return false;
 }
 
@@ -56,13 +57,13 @@ bool tooLong(uint64_t a, uint64_t b) {
 
 // Left is digits alone: the run is bare numbers.
 bool planNumbers(View left, View right, EntryPlan* plan, zqerr::FixedStatus* status) {
-  if (!readListNumber(left, &plan->first, &plan->width)) return fail(status, kErrorNumberTooLarge, 1038);
+  if (!readListNumber(left, &plan->first, &plan->width)) return fail(status, zqsite::kRangeLeftTooLarge);
   right = trimmed(right);
   uint32_t ignored = 0;
-  if (right.empty()) return fail(status, kErrorInvalidRange, 1072);
-  if (!allDigits(right)) return fail(status, kErrorInvalidRange, 1080);
-  if (!readListNumber(right, &plan->last, &ignored)) return fail(status, kErrorNumberTooLarge, 1064);
-  if (tooLong(plan->first, plan->last)) return fail(status, kErrorRangeTooLong, 1088);
+  if (right.empty()) return fail(status, zqsite::kRangeRightEmpty);
+  if (!allDigits(right)) return fail(status, zqsite::kRangeRightNotDigits);
+  if (!readListNumber(right, &plan->last, &ignored)) return fail(status, zqsite::kRangeRightTooLarge);
+  if (tooLong(plan->first, plan->last)) return fail(status, zqsite::kRangeTooLong);
   return true;
 }
 
@@ -70,23 +71,23 @@ bool planNumbers(View left, View right, EntryPlan* plan, zqerr::FixedStatus* sta
 bool planPrefixed(View left, size_t prefixEnd, View right, EntryPlan* plan, zqerr::FixedStatus* status) {
   plan->prefix = left.substr(0, prefixEnd);
   if (!readListNumber(left.substr(prefixEnd), &plan->first, &plan->width))
-    return fail(status, kErrorNumberTooLarge, 903);
+    return fail(status, zqsite::kPaddedLeftTooLarge);
   right = trimmed(right);
   uint32_t ignored = 0;
-  if (right.empty()) return fail(status, kErrorInvalidRange, 935);
+  if (right.empty()) return fail(status, zqsite::kPaddedRightEmpty);
   if (allDigits(right)) {
-    if (!readListNumber(right, &plan->last, &ignored)) return fail(status, kErrorNumberTooLarge, 928);
+    if (!readListNumber(right, &plan->last, &ignored)) return fail(status, zqsite::kPaddedRightTooLarge);
   } else {
-    if (!isDigit(right.back())) return fail(status, kErrorInvalidRange, 947);
+    if (!isDigit(right.back())) return fail(status, zqsite::kPaddedRightNotDigit);
     size_t rightPrefixEnd = lastNonDigit(right) + 1;
     View rightPrefix = right.substr(0, rightPrefixEnd);
     if (compareFoldedWide(rightPrefix.data(), rightPrefix.data() + rightPrefix.size(), plan->prefix.data(),
                           plan->prefix.data() + plan->prefix.size()) != 0)
-      return fail(status, kErrorInvalidRange, 973);
+      return fail(status, zqsite::kPaddedWidthMismatch);
     if (!readListNumber(right.substr(rightPrefixEnd), &plan->last, &ignored))
-      return fail(status, kErrorNumberTooLarge, 966);
+      return fail(status, zqsite::kPaddedNumberTooLarge);
   }
-  if (tooLong(plan->first, plan->last)) return fail(status, kErrorRangeTooLong, 984);
+  if (tooLong(plan->first, plan->last)) return fail(status, zqsite::kPaddedTooLong);
   return true;
 }
 
@@ -112,7 +113,7 @@ bool planEntry(View entry, EntryPlan* plan, zqerr::FixedStatus* status) {
   if (colon == kNone) return true;
   View left = trimmed(entry.substr(0, colon));
   View right = entry.substr(colon + 1);
-  if (left.empty() || !isDigit(left.back())) return fail(status, kErrorInvalidRange, 886);
+  if (left.empty() || !isDigit(left.back())) return fail(status, zqsite::kRangeLeftNotDigit);
   plan->isRange = true;
   size_t prefixEnd = lastNonDigit(left);
   if (prefixEnd == kNone) return planNumbers(left, right, plan, status);

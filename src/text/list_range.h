@@ -6,12 +6,10 @@
 #include <string_view>
 
 #include "status/status.h"
+#include "zqvorex_status_codes.h"
 
 namespace zqwombat {
 
-inline constexpr int32_t kErrorInvalidRange = -200498;
-inline constexpr int32_t kErrorRangeTooLong = -200592;
-inline constexpr int32_t kErrorNumberTooLarge = -200605;
 inline constexpr uint64_t kLargestListNumber = 4000000000u;
 inline constexpr uint64_t kRangeLimit = 15000;
 

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "status/error_sites.h"
 #include "status/report_writer.h"
 #include "text/nstring.h"
 
@@ -29,9 +30,7 @@ CharacterSet setOfKind(const int32_t* kind) {
 
 bool among(char16_t c, std::u16string_view set) { return set.find(c) != std::u16string_view::npos; }
 
-void fail(zqerr::FixedStatus* fixed, int32_t code, uint32_t line) {
-  zqerr::setFixed(fixed, code, zqerr::kComponent, "nparseutilities", line);
-}
+void fail(zqerr::FixedStatus* fixed, const zqerr::Site& site) { zqerr::setFixed(fixed, site); }
 
 // The first single colon: a "::" pair is allowed and skipped whole.
 size_t findLoneColon(std::u16string_view name) {
@@ -58,13 +57,13 @@ void checkCharacters(std::u16string_view name, CharacterSet set, zqerr::FixedSta
   }
   if (bad != std::u16string_view::npos) {
     *position = static_cast<uint32_t>(bad);
-    return fail(fixed, kErrorInvalidNameCharacter, 658);
+    return fail(fixed, zqsite::kNameRuleInvalidCharacter);
   }
   char16_t first = name.front(), last = name.back();
-  if (first == u' ') return fail(fixed, kErrorNameBeginsWithSpace, 689);
-  if (last == u' ') return fail(fixed, kErrorNameEndsWithSpace, 689);
-  if (first == u'_') return fail(fixed, kErrorNameBeginsWithUnderscore, 689);
-  if (first == u':' || last == u':') return fail(fixed, kErrorInvalidNameCharacter, 689);
+  if (first == u' ') return fail(fixed, zqsite::kNameRuleBeginsWithSpace);
+  if (last == u' ') return fail(fixed, zqsite::kNameRuleEndsWithSpace);
+  if (first == u'_') return fail(fixed, zqsite::kNameRuleBeginsWithUnderscore);
+  if (first == u':' || last == u':') return fail(fixed, zqsite::kNameRuleColonAtEnd);
 }
 
 bool hasItems(int32_t code) {
@@ -93,12 +92,12 @@ void validateObjectName(std::u16string_view name, const int32_t* kind, zqerr_Sta
   {
     zqerr::StatusBridge bridge(status);
     if (name.empty()) {
-      fail(bridge.fixed(), kErrorEmptyName, 616);
+      fail(bridge.fixed(), zqsite::kNameRuleEmpty);
     } else {
       checkCharacters(name, setOfKind(kind), bridge.fixed(), &position);
     }
     // Runs after an earlier failure too; the replacement rule keeps the first code.
-    if (kind && *kind == 4 && name.size() > kLongestKind4Name) fail(bridge.fixed(), kErrorNameTooLong, 700);
+    if (kind && *kind == 4 && name.size() > kLongestKind4Name) fail(bridge.fixed(), zqsite::kNameRuleTooLong);
   }
   if (hasItems(status->code)) addNameItems(status, name, position);
 }

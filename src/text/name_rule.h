@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "status/status.h"
+#include "zqvorex_status_codes.h"
 
 namespace zqwombat {
 
@@ -12,12 +13,6 @@ namespace zqwombat {
 // holds the colon; 4 is 3 with fewer than 255 UTF-16 units. Any other kind refuses every name.
 inline constexpr int32_t kNameKindTask = 1;
 
-inline constexpr int32_t kErrorEmptyName = -200467;
-inline constexpr int32_t kErrorInvalidNameCharacter = -200552;
-inline constexpr int32_t kErrorNameBeginsWithSpace = -200553;
-inline constexpr int32_t kErrorNameEndsWithSpace = -200554;
-inline constexpr int32_t kErrorNameBeginsWithUnderscore = -200555;
-inline constexpr int32_t kErrorNameTooLong = -201337;
 
 bool inShortNameSet(char16_t c);
 bool inLongNameSet(char16_t c);

@@ -5,20 +5,18 @@
 #include <exception>
 
 #include "platform/platform.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "text/wide_buffer.h"
 
 namespace zqwombat {
 
 namespace {
 
-constexpr int32_t kErrorCannotReadInput = -200811;
-constexpr int32_t kErrorCannotWriteOutput = -200810;
 constexpr size_t kMaxLength = 0x7FFFFFFF;
 
-// Sets the code at its nstring site; the 0 is the failed routine's result.
-size_t fail(zqerr::FixedStatus* status, int32_t code, uint32_t line) {
-  zqerr::setFixed(status, code, zqerr::kComponent, "nstring", line);
+// Sets the site's code; the 0 is the failed routine's result.
+size_t fail(zqerr::FixedStatus* status, const zqerr::Site& site) {
+  zqerr::setFixed(status, site);
   return 0;
 }
 
@@ -109,20 +107,20 @@ void wideToUtf8Into(const char16_t* text, size_t length, Out* out, zqerr::FixedS
 size_t codePageToWide(uint32_t codePage, const char* text, size_t length, char16_t* out, size_t outSize,
                       bool terminated, zqerr::FixedStatus* status) {
   if (status->code < 0) return 0;
-  if (length > kMaxLength) return fail(status, zqapalerr_invalidParameter, 1707);
+  if (length > kMaxLength) return fail(status, zqsite::kToWideTooLong);
   if (!text) length = 0;
   if (terminated) length = strnlen(text ? text : "", length);
-  if (out && outSize == 0) return fail(status, zqapalerr_bufferTooSmall, 1723);
+  if (out && outSize == 0) return fail(status, zqsite::kToWideNoRoom);
   int n = 0;
   if (length > 0) {
     n = zqplatform::multiByteToWide(codePage, 0, text, static_cast<int>(length), out, out ? platformCount(outSize) : 0);
     if (n == 0) {
-      if (zqplatform::lastError() == zqplatform::kErrorInsufficientBuffer) return fail(status, zqapalerr_bufferTooSmall, 1735);
-      return fail(status, kErrorCannotReadInput, 1739);
+      if (zqplatform::lastError() == zqplatform::kErrorInsufficientBuffer) return fail(status, zqsite::kToWideShort);
+      return fail(status, zqsite::kToWideUnreadable);
     }
   }
   if (terminated && out) {
-    if (static_cast<size_t>(n) >= outSize) return fail(status, zqapalerr_bufferTooSmall, 1746);
+    if (static_cast<size_t>(n) >= outSize) return fail(status, zqsite::kToWideNoTerminator);
     out[n] = 0;
   }
   return static_cast<size_t>(n);
@@ -131,20 +129,20 @@ size_t codePageToWide(uint32_t codePage, const char* text, size_t length, char16
 size_t wideToCodePage(uint32_t codePage, const char16_t* text, size_t length, char* out, size_t outSize,
                       bool terminated, zqerr::FixedStatus* status) {
   if (status->code < 0) return 0;
-  if (length > kMaxLength) return fail(status, zqapalerr_invalidParameter, 1762);
+  if (length > kMaxLength) return fail(status, zqsite::kFromWideTooLong);
   if (!text) length = 0;
   if (terminated) length = wideLength(text, length);
-  if (out && outSize == 0) return fail(status, zqapalerr_bufferTooSmall, 1778);
+  if (out && outSize == 0) return fail(status, zqsite::kFromWideNoRoom);
   int n = 0;
   if (length > 0) {
     n = zqplatform::wideToMultiByte(codePage, 0, text, static_cast<int>(length), out, out ? platformCount(outSize) : 0);
     if (n == 0) {
-      if (zqplatform::lastError() == zqplatform::kErrorInsufficientBuffer) return fail(status, zqapalerr_bufferTooSmall, 1791);
-      return fail(status, kErrorCannotWriteOutput, 1795);
+      if (zqplatform::lastError() == zqplatform::kErrorInsufficientBuffer) return fail(status, zqsite::kFromWideShort);
+      return fail(status, zqsite::kFromWideUnwritable);
     }
   }
   if (terminated && out) {
-    if (static_cast<size_t>(n) >= outSize) return fail(status, zqapalerr_bufferTooSmall, 1802);
+    if (static_cast<size_t>(n) >= outSize) return fail(status, zqsite::kFromWideNoTerminator);
     out[n] = 0;
   }
   return static_cast<size_t>(n);

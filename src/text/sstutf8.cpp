@@ -5,7 +5,7 @@
 #include <exception>
 
 #include "platform/platform.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 #include "text/wide_buffer.h"
 
 namespace zqsstutf8 {

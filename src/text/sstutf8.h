@@ -7,12 +7,11 @@
 #include <string>
 
 #include "status/status.h"
+#include "zqvorex_status_codes.h"
 #include "text/basic_string.h"
 
 namespace zqsstutf8 {
 
-// The conversion found the input unreadable or the output unwritable.
-inline constexpr int32_t kErrorConversion = -52027;
 
 // Where converted bytes go. `write` appends and returns false when it cannot take them.
 class ByteSink {

@@ -5,7 +5,7 @@
 #include <mutex>
 
 #include "status/exceptions.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "toggles/system_error_status.h"
 #include "toggles/toggle_source.h"
 
@@ -13,7 +13,6 @@ namespace runtime_toggles {
 
 namespace {
 
-constexpr const char* kFile = "RuntimeToggles";
 
 void copyText(char (&field)[kToggleTextSize], const char* text) {
   size_t n = text ? strnlen(text, kToggleTextSize - 1) : 0;
@@ -21,8 +20,9 @@ void copyText(char (&field)[kToggleTextSize], const char* text) {
   field[n] = '\0';
 }
 
-void setSite(zqerr::FixedStatus* status, int32_t code, uint32_t line) {
-  zqerr::setFixed(status, code, zqerr::kComponent, kFile, line);
+// A site that passes on a code held in a variable.
+void setSite(zqerr::FixedStatus* status, int32_t code, const zqerr::Site& site) {
+  zqerr::setFixed(status, code, zqerr::kComponent, site.location.file, site.location.line);
 }
 
 void merge(const zqerr::FixedStatus& from, zqerr::FixedStatus* into) {
@@ -41,11 +41,11 @@ RuntimeToggles<V, D, N>::RuntimeToggles(const char* product, const char* fileNam
   copyText(product_, product);
   copyText(fileName_, fileName);
   copyText(company_, company);
-  if (status->code < 0) setSite(&status_, status->code, 662);
+  if (status->code < 0) setSite(&status_, status->code, zqsite::kTogglesReadFailed);
   const zqerr::FixedStatus& accessorStatus = accessor_->getStatus();
   if (accessorStatus.code < 0) {
-    setSite(status, accessorStatus.code, 664);
-    setSite(&status_, accessorStatus.code, 665);
+    setSite(status, accessorStatus.code, zqsite::kTogglesAccessorFailed);
+    setSite(&status_, accessorStatus.code, zqsite::kTogglesAccessorFailedKept);
   }
   zqerr::throwIfFailed(*status);
 }
@@ -72,11 +72,11 @@ void RuntimeToggles<V, D, N>::getToggle(std::string_view name, const D* defaultV
 template <class V, class D, size_t N>
 void RuntimeToggles<V, D, N>::readRegistry(const char* name, V* result, zqerr::FixedStatus* status) const {
   if (!company_[0] || !product_[0] || !name[0]) {
-    setSite(status, zqapalerr_invalidParameter, 1079);
+    zqerr::setFixed(status, zqsite::kTogglesInvalidName);
     return;
   }
   if (!result) {
-    setSite(status, zqapalerr_invalidParameter, 1101);
+    zqerr::setFixed(status, zqsite::kTogglesInvalidValue);
     return;
   }
   std::string key;

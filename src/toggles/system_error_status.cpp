@@ -1,5 +1,7 @@
 #include "toggles/system_error_status.h"
 
+#include "status/error_sites.h"
+
 namespace runtime_toggles {
 
 namespace {
@@ -19,21 +21,19 @@ constexpr Row kTable[] = {
 };
 static_assert(sizeof kTable / sizeof kTable[0] == 22);
 
-constexpr int32_t kUnknownSystemError = -52003;
-constexpr const char* kFile = "runtimetoggles";
-constexpr uint32_t kLine = 36;
 
 }  // namespace
 
 int32_t statusOfSystemError(uint32_t systemError) {
   for (const Row& row : kTable)
     if (row.systemError == systemError) return row.status;
-  return kUnknownSystemError;
+  return zqapalerr_unknownSystemError;
 }
 
 void setSystemErrorStatus(uint32_t systemError, zqerr::FixedStatus* status) {
   int32_t code = statusOfSystemError(systemError);
-  if (code != 0) zqerr::setFixed(status, code, zqerr::kComponent, kFile, kLine);
+  if (code != 0) zqerr::setFixed(status, code, zqerr::kComponent, zqsite::kSystemErrorStatus.location.file,
+                                 zqsite::kSystemErrorStatus.location.line);
 }
 
 }  // namespace runtime_toggles

@@ -3,7 +3,7 @@
 #include <mutex>
 
 #include "platform/platform.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqtrace {
 
@@ -63,7 +63,7 @@ bool bindTool() {
 
 void turnOffForGood() {
   zqerr::FixedStatus local = zqerr::makeFixedStatus();
-  zqerr::setFixed(&local, zqapalerr_invalidParameter, zqerr::kComponent, "tracing", 0);
+  zqerr::setFixed(&local, zqsite::kTracingToolAbsent);
   gSwitch.store(&detail::gConstantOff, std::memory_order_relaxed);
 }
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "boundary/array_buffer_adapter.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 #include "write/vector_paths.h"
 
 namespace zqwrite {
@@ -35,7 +35,7 @@ uint32_t writeMerged(ITask& task, VectorOp op, const typename Pair::Element* fir
                      const typename Pair::Element* second, const VectorArgs& a, zqerr_Status* status) {
   const uint32_t numChans = writeAttributeU32(task, kWriteNumChans, status);
   if (zqerr::isOpen(status) && numChans == 0)
-    ZQ_FAIL(status, nZQMSTS100::kErrorNonbufferedOrNoChannels, "cwrite", 312);
+    ZQ_FAIL(status, kCwriteNonbufferedOrNoChannels);
   if (!zqerr::isOpen(status)) return 0;
   const auto numSamps = static_cast<uint64_t>(a.numSampsPerChan);
   std::vector<typename Pair::Record> pairs = temporaryPairs<typename Pair::Record>(numSamps, numChans);

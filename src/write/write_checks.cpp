@@ -2,7 +2,7 @@
 
 #include "boundary/array_view.h"
 #include "status/report_writer.h"
-#include "status/status_codes.h"
+#include "status/error_sites.h"
 
 namespace zqwrite {
 
@@ -15,18 +15,18 @@ zqerr::ReportWriter items(zqerr_Status* status) {
 }  // namespace
 
 void checkReserved(const void* reserved, zqerr_Status* status) {
-  if (reserved) ZQ_FAIL(status, nZQMSTS100::kErrorReservedParamNotNULL, "cwrite", 38);
+  if (reserved) ZQ_FAIL(status, kCwriteReservedParamNotNULL);
 }
 
 void checkArray(const void* array, int32_t count, int32_t paramNum, zqerr_Status* status) {
   if (array || count == 0) return;
-  if (ZQ_FAIL(status, nZQMSTS100::kErrorNULLPtrForC_Api, "cwrite", 47))
+  if (ZQ_FAIL(status, kCwriteNullArray))
     zqerr::addItem(items(status), zqerr::usage::kUsageTypeParamNum, paramNum);
 }
 
 void checkCount(int32_t count, zqerr_Status* status) {
   if (count >= 0) return;
-  if (ZQ_FAIL(status, nZQMSTS100::kErrorInvalidNumberSamplesToWrite, "cwrite", 56))
+  if (ZQ_FAIL(status, kCwriteInvalidNumberSamplesToWrite))
     zqerr::addItem(items(status), zqerr::usage::kUsageTypeNumSampsToWrite, count);
 }
 

@@ -1,3 +1,4 @@
+#include "test_sites.h"
 #include "binding/bind_symbols.h"
 
 #include <gtest/gtest.h>
@@ -5,7 +6,7 @@
 #include <string>
 
 #include "report_query.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 #include "test_interfaces.h"
 
 namespace {
@@ -103,7 +104,7 @@ class BindSymbolsEntry : public BindSymbols, public testing::WithParamInterface<
 TEST_P(BindSymbolsEntry, StatusOnEntryDecides) {
   const EntryCase& c = GetParam();
   zqerr::Status status;
-  zqerr::setWithLocation(&status, c.entry, ZQ_SITE("earlier", 3, earlier));
+  zqerr::setWithLocation(&status, c.entry, ZQ_TEST_SITE("earlier", 3, earlier));
   std::string before = status.report ? status.report : "";
   Mixed table;
   zqdynlib::bindSymbols(recorder_.handle(), table, &status, "zqtestRecorder_");

@@ -1,3 +1,4 @@
+#include "test_sites.h"
 #include "binding/dynload.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +9,7 @@
 #include <vector>
 
 #include "report_query.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -117,7 +118,7 @@ TEST(Dynload, AnEarlierErrorStopsBothCallsAndAWarningDoesNot) {
   };
   for (const EntryCase& c : {EntryCase{zqpalerr_badPointer, false}, EntryCase{1, true}}) {
     zqerr::Status status;
-    zqerr::setWithLocation(&status, c.code, ZQ_SITE("earlier", 7, earlier));
+    zqerr::setWithLocation(&status, c.code, ZQ_TEST_SITE("earlier", 7, earlier));
     std::string before = status.report;
     zqplatform::LibraryHandle loaded = zqdynlib_load("zqtestRecorder", &status);
     void* symbol = zqdynlib_getSymbol(recorder.get(), "zqtestRecorder_bump", &status);

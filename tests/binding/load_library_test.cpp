@@ -1,3 +1,4 @@
+#include "test_sites.h"
 #include "binding/load_library.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +9,7 @@
 
 #include "plugin/plugin.h"
 #include "report_query.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 #include "test_interfaces.h"
 
 namespace {
@@ -241,7 +242,7 @@ TEST(BoundLibrary, AnEarlierErrorLoadsNothingAndChangesNothing) {
   };
   for (Load load : loads) {
     zqerr::Status status;
-    ZQ_FAIL(&status, zqpalerr_badPointer, "earlier", 5);
+    ZQ_TEST_FAIL(&status, zqpalerr_badPointer, "earlier", 5);
     std::string before = status.report;
     EXPECT_FALSE(load(&status));
     EXPECT_EQ(status.code, zqpalerr_badPointer);

@@ -4,7 +4,7 @@
 
 #include "binding/load_library.h"
 #include "report_query.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 #include "test_interfaces.h"
 
 namespace {

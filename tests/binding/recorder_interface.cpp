@@ -1,6 +1,7 @@
 #include <cstring>
 
-#include "status/status_codes.h"
+#include "test_sites.h"
+#include "zqvorex_status_codes.h"
 #include "test_interfaces.h"
 
 namespace zqtest {
@@ -8,7 +9,7 @@ namespace zqtest {
 namespace {
 
 void reportUnbound(zqerr_Status* status) {
-  if (status) ZQ_FAIL(status, nZQMSTS::kErrorFunctionNotSupportedForDevice, "recorder_interface", 1);
+  if (status) ZQ_TEST_FAIL(status, nZQMSTS::kErrorFunctionNotSupportedForDevice, "recorder_interface", 1);
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 #include "report_probe.h"
 #include "status/report_writer.h"
 #include "status/status.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 

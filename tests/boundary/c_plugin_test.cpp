@@ -15,7 +15,7 @@
 #include "c_plugin.h"
 #include "report_probe.h"
 #include "status/status.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 

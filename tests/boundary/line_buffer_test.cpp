@@ -9,7 +9,7 @@
 #include "case_printer.h"
 #include "report_probe.h"
 #include "status/status.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 

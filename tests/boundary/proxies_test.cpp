@@ -11,7 +11,7 @@
 #include "case_printer.h"
 #include "report_probe.h"
 #include "status/status.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include <thread>
 #include <vector>
 
+#include "test_sites.h"
 #include "contexts/context.h"
 #include "contexts/hash_mix.h"
 
@@ -50,7 +51,7 @@ TEST(ContextManager, NamedContextLivesAsLongAsItsHolders) {
 TEST(ContextManager, FailedStatusGivesNothing) {
   ContextManager manager;
   zqerr::Status status;
-  ZQ_FAIL(&status, -1, "t", 1);
+  ZQ_TEST_FAIL(&status, -1, "t", 1);
   EXPECT_EQ(manager.getContext("", &status), nullptr);
   EXPECT_EQ(status.code, -1);
 }

@@ -8,7 +8,7 @@
 #include "debug/debug_server_factory.h"
 #include "report_query.h"
 #include "stand_in_task.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace zqvorexRedir {
 namespace {

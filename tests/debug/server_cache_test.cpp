@@ -2,8 +2,9 @@
 // failed creation leaves nothing behind.
 #include <gtest/gtest.h>
 
+#include "test_sites.h"
 #include "debug/debug_server_factory.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace zqvorexRedir {
 namespace {
@@ -42,7 +43,7 @@ class FlakyFactory : public IDebugServerFactory {
   std::shared_ptr<IDebugServer> createDebugServer(uint32_t level, const std::string& name,
                                                   zqerr_Status* status) override {
     if (++requests == 1) {
-      ZQ_FAIL(status, zqapalerr_memoryFull, "flaky", 1);
+      ZQ_TEST_FAIL(status, zqapalerr_memoryFull, "flaky", 1);
       return {};
     }
     return real_->createDebugServer(level, name, status);

@@ -11,7 +11,7 @@
 #include "boundary/string_adapter.h"
 #include "debug/debug_session_attributes.h"
 #include "plugin/plugin.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace zqvorexRedir {
 namespace {

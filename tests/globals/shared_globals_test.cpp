@@ -1,3 +1,4 @@
+#include "test_sites.h"
 #include "globals/shared_globals.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +15,7 @@
 #include "fresh_root.h"
 #include "globals/one_time.h"
 #include "report_query.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 #include "tasknames/local_task_name_generator.h"
 #include "tasknames/shared_task_name_generator.h"
 
@@ -142,7 +143,7 @@ TEST(SharedGlobals, FailedStatusGetsNothingAndBuildsNothing) {
   inFreshProcess([] {
     BuildProbe::install(false);
     zqerr::Status status;
-    ZQ_FAIL(&status, -7, "earlier", 1);
+    ZQ_TEST_FAIL(&status, -7, "earlier", 1);
     EXPECT_EQ(nZQCAI100::getTaskPool(&status), nullptr);
     EXPECT_EQ(nZQCAI100::getContextManager(&status), nullptr);
     EXPECT_EQ(status.code, -7);

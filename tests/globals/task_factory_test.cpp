@@ -1,3 +1,4 @@
+#include "test_sites.h"
 #include "globals/shared_factory.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +11,7 @@
 #include "globals/one_time.h"
 #include "globals/shared_globals.h"
 #include "report_query.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 #include "task/task.h"
 
 namespace {
@@ -93,7 +94,7 @@ TEST(TaskFactory, ARequestWhoseSetUpFailsGivesNoTaskAndTheFailure) {
 TEST(TaskFactory, AFailedStatusMakesNothing) {
   withFactory("factory-failed-status", [](ITaskFactory& factory) {
     zqerr::Status status;
-    ZQ_FAIL(&status, -7, "earlier", 1);
+    ZQ_TEST_FAIL(&status, -7, "earlier", 1);
     EXPECT_EQ(factory.createTask(context(), "", "", "T", zqvorexRedir::kTaskKindCreated, &status), nullptr);
     EXPECT_EQ(factory.createNullTask(context(), "N", nullptr, &status), nullptr);
     EXPECT_EQ(status.code, -7);
@@ -103,7 +104,7 @@ TEST(TaskFactory, AFailedStatusMakesNothing) {
 TEST(TaskFactory, ANullTaskAnswersWithTheStatusItCarries) {
   withFactory("factory-null", [](ITaskFactory& factory) {
     zqerr::Status carried;
-    ZQ_FAIL(&carried, -200088, "carried", 5);
+    ZQ_TEST_FAIL(&carried, -200088, "carried", 5);
     zqerr::Status status;
     std::shared_ptr<ITask> task = factory.createNullTask(context(), "N", &carried, &status);
     ASSERT_NE(task, nullptr);

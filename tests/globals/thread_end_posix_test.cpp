@@ -2,6 +2,7 @@
 
 #include <thread>
 
+#include "test_sites.h"
 #include "lasterror/last_error.h"
 
 namespace {
@@ -19,7 +20,7 @@ thread_local RecordAtThreadEnd tProbe;
 
 TEST(ThreadEnd, ReleasesTheRecordOfAThreadThatFailed) {
   zqerr::Status failed;
-  ZQ_FAIL(&failed, -200088, "test", 1);
+  ZQ_TEST_FAIL(&failed, -200088, "test", 1);
   bool released = false, had = false;
   std::thread worker([&] {
     tProbe.released = &released;

@@ -2,6 +2,7 @@
 
 #include <thread>
 
+#include "test_sites.h"
 #include "lasterror/last_error.h"
 #include "platform/library_entry.h"
 
@@ -10,7 +11,7 @@ namespace {
 
 TEST(ThreadDetach, ReleasesTheCallingThreadsRecordOnly) {
   zqerr::Status failed;
-  ZQ_FAIL(&failed, -200088, "test", 1);
+  ZQ_TEST_FAIL(&failed, -200088, "test", 1);
   ASSERT_NE(nZQCAI100::recordFailure(failed), nullptr);
   bool otherHad = false, otherKept = false;
   std::thread other([&] {

@@ -1,3 +1,4 @@
+#include "test_sites.h"
 #include "paths/system_paths.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +9,7 @@
 
 #include "report_query.h"
 #include "scratch_registry.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -172,7 +173,7 @@ TEST(SystemPaths, NothingHappensAfterAnEarlierError) {
   registry.chooseSystemFolder();
   for (int op = 0; op < 4; ++op) {
     zqerr::Status status;
-    ZQ_FAIL(&status, zqpalerr_badPointer, "earlier", 1);
+    ZQ_TEST_FAIL(&status, zqpalerr_badPointer, "earlier", 1);
     std::string before = status.report;
     std::string folder = "untouched";
     std::u16string wide;

@@ -10,7 +10,7 @@
 #include "plugin/plugin_manager.h"
 #include "report_query.h"
 #include "status/status.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 

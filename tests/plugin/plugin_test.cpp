@@ -1,3 +1,4 @@
+#include "test_sites.h"
 #include "plugin/plugin.h"
 
 #include <gtest/gtest.h>
@@ -98,7 +99,7 @@ TEST(PluginTable, UnboundOperationWithoutStatusReportsNothing) {
 TEST(PluginTable, UnboundOperationKeepsAnEarlierError) {
   Plugin plugin;
   zqerr::Status status;
-  ZQ_FAIL(&status, -200088, "task", 12);
+  ZQ_TEST_FAIL(&status, -200088, "task", 12);
   plugin.abortTask(nullptr, &status);
   EXPECT_EQ(status.code, -200088);
   EXPECT_EQ(zqerr::json::findKey(status.report, "zqdynlib_debug"), nullptr);
@@ -107,7 +108,7 @@ TEST(PluginTable, UnboundOperationKeepsAnEarlierError) {
 TEST(PluginTable, UnboundOperationReplacesAWarning) {
   Plugin plugin;
   zqerr::Status status;
-  ZQ_FAIL(&status, 200010, "task", 12);
+  ZQ_TEST_FAIL(&status, 200010, "task", 12);
   plugin.createContext("ctx", &status);
   EXPECT_EQ(status.code, kNotSupported);
   EXPECT_EQ(unboundReport(status), expectedReport("createContext"));

@@ -1,3 +1,4 @@
+#include "test_sites.h"
 #include "pool/task_pool.h"
 
 #include <gtest/gtest.h>
@@ -6,7 +7,7 @@
 #include <string>
 
 #include "recording_task.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -139,7 +140,7 @@ TEST_F(Pool, LookupsWithAFailedStatusGiveNothing) {
   TaskRef task = makeTask("pooled");
   ASSERT_EQ(add(task), 0);
   zqerr::Status status;
-  ZQ_FAIL(&status, -1, "earlier", 1);
+  ZQ_TEST_FAIL(&status, -1, "earlier", 1);
   EXPECT_EQ(pool_.getTask(task.get(), &status), nullptr);
   TaskRef into;
   pool_.getTaskInto(task.get(), &into, &status);
@@ -172,7 +173,7 @@ TEST_P(Argument, IsReleasedBeforeTheCallReturns) {
   TaskRef resident = makeTask("resident");
   ASSERT_EQ(add(resident), 0);
   zqerr::Status status;
-  if (c.failedAtEntry) ZQ_FAIL(&status, -1, "earlier", 1);
+  if (c.failedAtEntry) ZQ_TEST_FAIL(&status, -1, "earlier", 1);
   TaskRef task = c.code == kDuplicate ? resident : makeTask("passing");
   const long before = task.use_count();
   // The parameter object lives to the end of the full expression; the pool must have let its
@@ -198,7 +199,7 @@ TEST_F(Pool, NullTaskIsInvalid) {
 
 TEST(PoolBuild, FailedStatusMakesNoMaps) {
   zqerr::Status status;
-  ZQ_FAIL(&status, -1, "earlier", 1);
+  ZQ_TEST_FAIL(&status, -1, "earlier", 1);
   TaskPool pool(&status);
   TaskRef task = makeTask("x");
   zqerr::Status call;

@@ -1,3 +1,4 @@
+#include "test_sites.h"
 #include "pool/task_rollback.h"
 
 #include <gtest/gtest.h>
@@ -6,7 +7,7 @@
 #include <string>
 
 #include "recording_task.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -38,7 +39,7 @@ TEST(TaskRollback, TakesAnArmedTaskOutOnlyWhenTheCallFailed) {
       TaskRollback rollback(pool, &status);
       pool->addTask(task, &status);
       if (c.armed) rollback.arm(task);
-      if (c.codeAtEnd) ZQ_FAIL(&status, c.codeAtEnd, "later", 7);
+      if (c.codeAtEnd) ZQ_TEST_FAIL(&status, c.codeAtEnd, "later", 7);
     }
     EXPECT_EQ(pool->findTask(task.get()) != nullptr, c.staysInPool);
     EXPECT_EQ(status.code, c.codeAtEnd);
@@ -53,7 +54,7 @@ TEST(TaskRollback, FailedRemovalLeavesTheCallersStatus) {
   {
     TaskRollback rollback(pool, &status);
     rollback.arm(task);
-    ZQ_FAIL(&status, -200077, "later", 7);
+    ZQ_TEST_FAIL(&status, -200077, "later", 7);
   }
   EXPECT_EQ(status.code, -200077);
   EXPECT_NE(std::string(status.report).find("\"later\""), std::string::npos) << status.report;

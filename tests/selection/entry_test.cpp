@@ -6,9 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "test_sites.h"
 #include "report_query.h"
 #include "selection_support.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace zqtest {
 namespace {
@@ -59,7 +60,7 @@ TEST(SelectionEntry, AnEarlierErrorReadsNothingAndWritesNothing) {
     auto selector = makeSelector(toggles);
     Outputs out;
     zqerr::Status status;
-    ZQ_FAIL(&status, zqpalerr_badSelector, "earlier", 9);
+    ZQ_TEST_FAIL(&status, zqpalerr_badSelector, "earlier", 9);
     const std::string before = status.report;
     op.run(*selector, out, &status);
     EXPECT_EQ(status.code, zqpalerr_badSelector);

@@ -6,7 +6,7 @@
 
 #include "report_query.h"
 #include "selection_support.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace zqtest {
 namespace {

@@ -5,9 +5,10 @@
 #include <string>
 #include <typeinfo>
 
+#include "test_sites.h"
 #include "status/exceptions.h"
 #include "status/report_reader.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -72,7 +73,7 @@ TEST(ExceptionConversion, EachClauseMapsToItsCode) {
 
 TEST(ExceptionConversion, StatusExceptionIsAdoptedWithItsReport) {
   Status inner;
-  ZQ_FAIL(&inner, nZQMSTS::kErrorInvalidTask, "TaskPool", 88);
+  ZQ_TEST_FAIL(&inner, nZQMSTS::kErrorInvalidTask, "TaskPool", 88);
   std::string report = inner.report;
   Status s;
   convert(s, [&] { throw Exception(&inner); });
@@ -83,7 +84,7 @@ TEST(ExceptionConversion, StatusExceptionIsAdoptedWithItsReport) {
 
 TEST(ExceptionConversion, CaughtAsStdExceptionWhatGivesTheReport) {
   Status inner;
-  ZQ_FAIL(&inner, -5, "f", 1);
+  ZQ_TEST_FAIL(&inner, -5, "f", 1);
   std::string report = inner.report;
   try {
     throw Exception(&inner);
@@ -94,7 +95,7 @@ TEST(ExceptionConversion, CaughtAsStdExceptionWhatGivesTheReport) {
 
 TEST(ExceptionConversion, AnEarlierErrorStands) {
   Status s;
-  ZQ_FAIL(&s, -1, "first", 1);
+  ZQ_TEST_FAIL(&s, -1, "first", 1);
   try {
     throw std::bad_alloc();
   } catch (...) {

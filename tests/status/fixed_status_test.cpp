@@ -3,6 +3,7 @@
 #include <cstring>
 #include <string>
 
+#include "test_sites.h"
 #include "status/report_reader.h"
 #include "status/report_writer.h"
 #include "status/status.h"
@@ -71,7 +72,7 @@ TEST(StatusBridge, UpCarriesFileLineAndComponent) {
 
 TEST(StatusBridge, DownReadsTheSiteBackOut) {
   Status s;
-  ZQ_FAIL(&s, -52005, "nstring", 1707);
+  ZQ_TEST_FAIL(&s, -52005, "nstring", 1707);
   StatusBridge bridge(&s);
   EXPECT_EQ(bridge.fixed()->code, -52005);
   EXPECT_STREQ(bridge.fixed()->file, "nstring");
@@ -81,7 +82,7 @@ TEST(StatusBridge, DownReadsTheSiteBackOut) {
 
 TEST(StatusBridge, AKeptCodeIsNotOverwritten) {
   Status s;
-  ZQ_FAIL(&s, -1, "first", 1);
+  ZQ_TEST_FAIL(&s, -1, "first", 1);
   std::string before = s.report;
   {
     StatusBridge bridge(&s);

@@ -3,9 +3,10 @@
 #include <cstring>
 #include <string>
 
+#include "test_sites.h"
 #include "status/report_reader.h"
 #include "status/report_writer.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -22,7 +23,7 @@ std::string itemsOf(const Status& s) {
 
 TEST(ReportWriter, FirstElaborationAddsTranslatorAndOrderedData) {
   Status s;
-  ZQ_FAIL(&s, nZQMSTS::kErrorBufferTooSmallForString, "APIImplementation", 7);
+  ZQ_TEST_FAIL(&s, nZQMSTS::kErrorBufferTooSmallForString, "APIImplementation", 7);
   ReportWriter w = openOrderedData(&s, kTranslatorZqvorex);
   w = addItem(w, usage::kUsageTypeBufferLength, uint32_t{4});
   w = addItem(w, usage::kUsageTypeReqBufSizeInBytes, int32_t{12});
@@ -37,7 +38,7 @@ TEST(ReportWriter, FirstElaborationAddsTranslatorAndOrderedData) {
 
 TEST(ReportWriter, ReopeningAppendsToTheSameArray) {
   Status s;
-  ZQ_FAIL(&s, -1, "f", 1);
+  ZQ_TEST_FAIL(&s, -1, "f", 1);
   addItem(openOrderedData(&s, kTranslatorZqvorex), usage::kUsageTypeTaskName, "a");
   addEmptyItem(openOrderedData(&s, kTranslatorZqvorex));
   addItem(openOrderedData(&s, kTranslatorZqvorex), usage::kUsageTypeChannelName, "b");
@@ -48,7 +49,7 @@ TEST(ReportWriter, ReopeningAppendsToTheSameArray) {
 
 TEST(ReportWriter, AnotherTranslatorsReportIsLeftAlone) {
   Status s;
-  ZQ_FAIL(&s, -1, "f", 1);
+  ZQ_TEST_FAIL(&s, -1, "f", 1);
   writeString(rootWriter(&s), "translator", "mdbg");
   std::string before = s.report;
   EXPECT_FALSE(openOrderedData(&s, kTranslatorZqvorex));
@@ -58,7 +59,7 @@ TEST(ReportWriter, AnotherTranslatorsReportIsLeftAlone) {
 
 TEST(ReportWriter, InvalidReportDropsTheElaboration) {
   Status s;
-  ZQ_FAIL(&s, -1, "f", 1);
+  ZQ_TEST_FAIL(&s, -1, "f", 1);
   std::memcpy(s.report, "{\"a\":", 5);  // no longer closed
   EXPECT_FALSE(openOrderedData(&s, kTranslatorZqvorex));
   EXPECT_EQ(s.code, -1);
@@ -92,7 +93,7 @@ TEST(ReportWriter, EmptyContainerWithWhitespaceTakesNoComma) {
 
 TEST(ReportWriter, GrowthFrom512To1024KeepsTheItemAtItsOffset) {
   Status s;
-  ZQ_FAIL(&s, -1, "f", 1);
+  ZQ_TEST_FAIL(&s, -1, "f", 1);
   ReportWriter w = openOrderedData(&s, kTranslatorZqvorex);
   ASSERT_TRUE(w);
   // Fill to just below the limit, then write an item that does not fit.
@@ -132,7 +133,7 @@ TEST(ReportWriter, ControlCharactersUseLowerCaseUnicodeEscapes) {
 
 TEST(ReportWriter, AttributeUsagesCarryAComment) {
   Status s;
-  ZQ_FAIL(&s, -1, "f", 1);
+  ZQ_TEST_FAIL(&s, -1, "f", 1);
   ReportWriter w = openOrderedData(&s, kTranslatorZqvorex);
   w = addItem(w, usage::kUsageTypeAttributeId, int32_t{0x7FFFFFF0});
   w = addItem(w, usage::kUsageTypeParamNum, int32_t{2});
@@ -145,7 +146,7 @@ TEST(ReportWriter, AttributeUsagesCarryAComment) {
 
 TEST(ReportWriter, StringListItemAndUint64) {
   Status s;
-  ZQ_FAIL(&s, -1, "f", 1);
+  ZQ_TEST_FAIL(&s, -1, "f", 1);
   const std::string_view devices[] = {"Dev1", "Dev2"};
   ReportWriter w = openOrderedData(&s, kTranslatorZqvorex);
   w = addItem(w, usage::kUsageTypeSuggestedDevices, devices, 2);
@@ -177,7 +178,7 @@ bool fixedStorage(zqerr_Status* s, uint32_t size) {
 
 TEST(ReportWriter, FailedGrowthDropsTheRestButKeepsTheCode) {
   zqerr_Status s{0, 0, &fixedStorage, nullptr};
-  EXPECT_TRUE(zqerr::setWithLocation(&s, -5, ZQ_SITE("a-rather-long-file-name-for-a-small-buffer", 1, c)));
+  EXPECT_TRUE(zqerr::setWithLocation(&s, -5, ZQ_TEST_SITE("a-rather-long-file-name-for-a-small-buffer", 1, c)));
   EXPECT_EQ(s.code, -5);
   EXPECT_NE(json::endOfValue(s.report), nullptr) << s.report;
   EXPECT_FALSE(addItem(openOrderedData(&s, kTranslatorZqvorex), usage::kUsageTypeTaskName, "t"));

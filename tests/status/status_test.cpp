@@ -3,8 +3,9 @@
 #include <cstring>
 #include <string>
 
+#include "test_sites.h"
 #include "status/status.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -25,7 +26,7 @@ TEST(Status, FreshStatusHasNoReportAndStaysCleanOnZero) {
   EXPECT_EQ(s.report, nullptr);
   EXPECT_EQ(s.capacity, 0u);
   EXPECT_EQ(s.storage, &zqerr::growReport);
-  EXPECT_FALSE(ZQ_FAIL(&s, 0, "ctask", 1));
+  EXPECT_FALSE(ZQ_TEST_FAIL(&s, 0, "ctask", 1));
   EXPECT_EQ(s.report, nullptr);
 }
 
@@ -40,8 +41,8 @@ class ReplacementRule : public testing::TestWithParam<RuleCase> {};
 TEST_P(ReplacementRule, FirstErrorWins) {
   const RuleCase& c = GetParam();
   Status s;
-  if (c.present != 0) zqerr::setWithLocation(&s, c.present, ZQ_SITE("first", 1, first));
-  bool changed = zqerr::setWithLocation(&s, c.next, ZQ_SITE("second", 2, second));
+  if (c.present != 0) zqerr::setWithLocation(&s, c.present, ZQ_TEST_SITE("first", 1, first));
+  bool changed = zqerr::setWithLocation(&s, c.next, ZQ_TEST_SITE("second", 2, second));
   EXPECT_EQ(changed, c.replaced);
   EXPECT_EQ(s.code, c.replaced ? c.next : c.present);
   if (s.code != 0) {
@@ -58,7 +59,7 @@ INSTANTIATE_TEST_SUITE_P(Table, ReplacementRule,
 
 TEST(Status, SetWithLocationWritesTheSiteInOrder) {
   Status s;
-  ASSERT_TRUE(ZQ_FAIL(&s, nZQMSTS100::kErrorNULLPtr, "APIImplementation", 4711));
+  ASSERT_TRUE(ZQ_TEST_FAIL(&s, nZQMSTS100::kErrorNULLPtr, "APIImplementation", 4711));
   EXPECT_EQ(s.code, -200604);
   EXPECT_STREQ(s.report,
                R"({"error_constant":"nZQMSTS100::kErrorNULLPtr","file":"APIImplementation","line":4711,)"
@@ -69,7 +70,7 @@ TEST(Status, SetWithLocationWritesTheSiteInOrder) {
 
 TEST(Status, BareNumberSitesKeepTheirParentheses) {
   Status s;
-  zqerr::setWithLocation(&s, -200979, ZQ_SITE("ctask", 10, (-200979)));
+  zqerr::setWithLocation(&s, -200979, ZQ_TEST_SITE("ctask", 10, (-200979)));
   EXPECT_NE(std::string(s.report).find(R"x("error_constant":"(-200979)")x"), std::string::npos);
 }
 
@@ -82,8 +83,8 @@ TEST(Status, SetPlainOmitsTheConstant) {
 
 TEST(Status, WarningThenErrorRebuildsTheReport) {
   Status s;
-  zqerr::setWithLocation(&s, 200, ZQ_SITE("warn", 1, w));
-  zqerr::setWithLocation(&s, -200, ZQ_SITE("err", 2, e));
+  zqerr::setWithLocation(&s, 200, ZQ_TEST_SITE("warn", 1, w));
+  zqerr::setWithLocation(&s, -200, ZQ_TEST_SITE("err", 2, e));
   EXPECT_EQ(s.code, -200);
   EXPECT_EQ(std::string(s.report).find("warn"), std::string::npos);
 }
@@ -108,7 +109,7 @@ TEST(Status, GrowReportSizes) {
 
 TEST(Status, ClearReportKeepsTheBuffer) {
   Status s;
-  ZQ_FAIL(&s, -1, "f", 1);
+  ZQ_TEST_FAIL(&s, -1, "f", 1);
   zqerr::clearReport(&s);
   EXPECT_EQ(s.code, 0);
   EXPECT_STREQ(s.report, "{}");
@@ -135,7 +136,7 @@ bool otherStorage(zqerr_Status* s, uint32_t size) {
 
 TEST(Status, AdoptTakesTheBufferOverWithTheSameStorage) {
   Status source, destination;
-  ZQ_FAIL(&source, -50, "src", 3);
+  ZQ_TEST_FAIL(&source, -50, "src", 3);
   char* buffer = source.report;
   ASSERT_TRUE(zqerr::adopt(&destination, &source));
   EXPECT_EQ(destination.code, -50);
@@ -146,7 +147,7 @@ TEST(Status, AdoptTakesTheBufferOverWithTheSameStorage) {
 
 TEST(Status, AdoptCopiesThroughTheDestinationsStorageWhenTheyDiffer) {
   Status source;
-  ZQ_FAIL(&source, -50, "src", 3);
+  ZQ_TEST_FAIL(&source, -50, "src", 3);
   zqerr_Status destination{0, 0, &otherStorage, nullptr};
   ASSERT_TRUE(zqerr::adopt(&destination, &source));
   EXPECT_STREQ(destination.report, source.report);
@@ -157,8 +158,8 @@ TEST(Status, AdoptCopiesThroughTheDestinationsStorageWhenTheyDiffer) {
 
 TEST(Status, AdoptKeepsAnEarlierError) {
   Status source, destination;
-  ZQ_FAIL(&destination, -1, "first", 1);
-  ZQ_FAIL(&source, -2, "second", 2);
+  ZQ_TEST_FAIL(&destination, -1, "first", 1);
+  ZQ_TEST_FAIL(&source, -2, "second", 2);
   EXPECT_FALSE(zqerr::adopt(&destination, &source));
   EXPECT_EQ(destination.code, -1);
   EXPECT_NE(source.report, nullptr);

@@ -1,3 +1,4 @@
+#include "test_sites.h"
 #include "fake_storage.h"
 
 #include "status/status.h"
@@ -9,7 +10,7 @@ namespace {
 void record(const std::string& call) { fakeState().journal.push_back(call); }
 
 void failEnd(zqerr_Status* status) {
-  if (fakeState().endCode != 0) ZQ_FAIL(status, fakeState().endCode, "fake_storage", 1);
+  if (fakeState().endCode != 0) ZQ_TEST_FAIL(status, fakeState().endCode, "fake_storage", 1);
 }
 
 bool getSecondaryUrl(const char* url, zqgopher_IString* secondary, zqerr_Status* status) {

@@ -7,9 +7,10 @@
 #include <string>
 #include <vector>
 
+#include "test_sites.h"
 #include "binding/load_library.h"
 #include "report_query.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 #include "storage/storage_binding.h"
 
 namespace {
@@ -96,7 +97,7 @@ TEST(StorageBinding, AnAbsentLibraryLeavesNoClassBound) {
 
 TEST(StorageBinding, AnEarlierErrorBindsNothing) {
   zqerr::Status status;
-  ZQ_FAIL(&status, zqpalerr_badPointer, "earlier", 3);
+  ZQ_TEST_FAIL(&status, zqpalerr_badPointer, "earlier", 3);
   const std::string before = status.report;
   const sc::StorageBindings bound = sc::bindStorage(sc::kStorageLibrary, &status);
   EXPECT_FALSE(bound.capabilities || bound.storage || bound.channelTaskSpecification);

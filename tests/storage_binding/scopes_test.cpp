@@ -10,7 +10,7 @@
 
 #include "fake_storage.h"
 #include "report_query.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 #include "storage/auto_specification.h"
 #include "storage/auto_storage_session.h"
 #include "storage/auto_storage_session_reader_with_lock.h"

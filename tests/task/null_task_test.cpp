@@ -4,11 +4,12 @@
 #include <string>
 #include <vector>
 
+#include "test_sites.h"
 #include "boundary/array_view.h"
 #include "boundary/string_adapter.h"
 #include "contexts/context.h"
 #include "report_query.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 #include "task/null_task.h"
 
 namespace {
@@ -58,7 +59,7 @@ const std::vector<Call>& calls() {
 class Answer {
  public:
   explicit Answer(int32_t code) {
-    if (code != 0) ZQ_FAIL(&status_, code, "stored", 12);
+    if (code != 0) ZQ_TEST_FAIL(&status_, code, "stored", 12);
   }
   zqerr_Status* get() { return &status_; }
 

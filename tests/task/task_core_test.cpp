@@ -8,7 +8,7 @@
 #include "fake_debug_target.h"
 #include "report_query.h"
 #include "slot_plugin.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 #include "task_fixture.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include <thread>
 #include <vector>
 
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 #include "tasknames/local_task_name_generator.h"
 
 namespace {

@@ -5,7 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "status/status_codes.h"
+#include "test_sites.h"
+#include "zqvorex_status_codes.h"
 #include "storage/storage_binding.h"
 #include "tasknames/local_task_name_generator.h"
 #include "tasknames/shared_task_name_generator.h"
@@ -51,7 +52,7 @@ TEST(SharedTaskNames, AFailedStatusOnEntryAsksNothingOfTheCatalog) {
   auto generator = sharedGenerator();
   zqtest::useFreshStore("tasknames_failed");
   zqerr::Status failed;
-  ZQ_FAIL(&failed, zqpalerr_badPointer, "earlier", 1);
+  ZQ_TEST_FAIL(&failed, zqpalerr_badPointer, "earlier", 1);
   const std::string before = failed.report;
   EXPECT_EQ(generator->generateTaskNumber(&failed), 0u);
   EXPECT_EQ(generator->generateTaskName(&failed), "");

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "test_sites.h"
 #include "report_check.h"
 #include "status/report_writer.h"
 #include "text/list_parser.h"
@@ -168,7 +169,7 @@ TEST(ListParser, FailedStatusLeavesTheOutputAlone) {
 
 TEST(ListParser, WarningStaysOnSuccessAndGivesWayToAnError) {
   zqerr::Status status;
-  ZQ_FAIL(&status, 200026, "cerrorinfo", 5);
+  ZQ_TEST_FAIL(&status, 200026, "cerrorinfo", 5);
   Names out;
   zqwombat::parseList("a,b", ",", &out, &status);
   EXPECT_EQ(out, (Names{"a", "b"}));

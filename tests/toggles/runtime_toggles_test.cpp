@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "status/exceptions.h"
-#include "status/status_codes.h"
+#include "zqvorex_status_codes.h"
 #include "toggle_registry.h"
 #include "toggles/feature_toggles.h"
 #include "toggles/toggle_source.h"
