@@ -24,11 +24,20 @@ typedef double float64;
 #include "zqcai_rd_mbcs_attribute_ids.h"
 #include "zqcai_rd_mbcs_accessors.h"
 
+/* Tasks. */
+#include "zqcai_rd_mbcs_tasks.h"
+
 /* The read functions. */
 #include "zqcai_rd_mbcs_read.h"
 
 /* The write functions. */
 #include "zqcai_rd_mbcs_write.h"
+
+/* Event registration. */
+#include "zqcai_rd_mbcs_events.h"
+
+/* The elements of a task's lists by number. */
+#include "zqcai_rd_mbcs_utilities.h"
 
 #ifdef __cplusplus
 }

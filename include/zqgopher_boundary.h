@@ -334,7 +334,7 @@ typedef struct zqgopher_EventAdapterFields {
   const void* baseTable; /* the library's own, destruction only */
   uint32_t referenceCount;
   const void* interfaceTable;
-  void* action[2]; /* the library's shared reference to what the event runs */
+  void* action; /* the library's reference to what the event runs */
 } zqgopher_EventAdapterFields;
 
 #ifdef __cplusplus

@@ -6,6 +6,7 @@
 #include "boundary/array_buffer_adapter.h"
 #include "boundary/array_line_buffer_adapter.h"
 #include "boundary/array_view.h"
+#include "boundary/event_adapters.h"
 #include "boundary/item_adder_adapter.h"
 #include "boundary/string_adapter.h"
 
@@ -120,6 +121,26 @@ ZQ_FIELD(zqgopher_ArrayLineBufferFields, extension, 80);
 static_assert(sizeof(zqgopher_ArrayLineBufferScalarFields) == 96);
 ZQ_FIELD(zqgopher_ArrayLineBufferScalarFields, kind, 88);
 
+// ---- events: three tables with one head ----
+#define ZQ_EVENT_TABLE(table)                  \
+  static_assert(sizeof(table) == 7 * kWord);   \
+  ZQ_ENTRY(table, addRef, 0);                  \
+  ZQ_ENTRY(table, release, 1);                 \
+  ZQ_ENTRY(table, asBase, 2);                  \
+  ZQ_ENTRY(table, asEveryNSamples, 3);         \
+  ZQ_ENTRY(table, asDone, 4);                  \
+  ZQ_ENTRY(table, asSignal, 5);                \
+  ZQ_ENTRY(table, fire, 6)
+ZQ_EVENT_TABLE(zqgopher_IEventDoneTable);
+ZQ_EVENT_TABLE(zqgopher_IEventEveryNSamplesTable);
+ZQ_EVENT_TABLE(zqgopher_IEventSignalTable);
+static_assert(sizeof(zqgopher_IEventBaseTable) == 6 * kWord);
+static_assert(sizeof(zqgopher_EventAdapterFields) == 32);
+ZQ_FIELD(zqgopher_EventAdapterFields, baseTable, 0);
+ZQ_FIELD(zqgopher_EventAdapterFields, referenceCount, 8);
+ZQ_FIELD(zqgopher_EventAdapterFields, interfaceTable, 16);
+ZQ_FIELD(zqgopher_EventAdapterFields, action, 24);
+
 // ---- the adapters add behaviour, never fields: each is exactly its C layout ----
 template <class Adapter, class Fields>
 constexpr bool sameLayout = std::is_standard_layout_v<Adapter> && std::is_base_of_v<Fields, Adapter> &&
@@ -136,6 +157,9 @@ static_assert(sameLayout<zqgopher::ScalarArrayBufferAdapter, zqgopher_ArrayBuffe
 static_assert(sameLayout<zqgopher::ArrayLineBufferAdapter, zqgopher_ArrayLineBufferFields>);
 static_assert(sameLayout<zqgopher::ArrayLineBufferWriteAdapter, zqgopher_ArrayLineBufferFields>);
 static_assert(sameLayout<zqgopher::ScalarArrayLineBufferAdapter, zqgopher_ArrayLineBufferScalarFields>);
+static_assert(sameLayout<zqgopher::EventDoneAdapter, zqgopher_EventAdapterFields>);
+static_assert(sameLayout<zqgopher::EventEveryNSamplesAdapter, zqgopher_EventAdapterFields>);
+static_assert(sameLayout<zqgopher::EventSignalAdapter, zqgopher_EventAdapterFields>);
 // A list of names starts with its view; the plug-in sees only that.
 static_assert(std::is_base_of_v<zqgopher_ArrayView, zqgopher::StringArrayView>);
 

@@ -24,6 +24,7 @@ class TaskHolder {
     if (!task_) zqerr::setPlain(status, zqpalerr_badPointer, zqsite::kSharedFromThisExpired.location);
   }
   Task* get() const { return task_.get(); }
+  const std::shared_ptr<Task>& shared() const { return task_; }
   Task* operator->() const { return task_.get(); }
   explicit operator bool() const { return task_ != nullptr; }
 

@@ -90,6 +90,7 @@ void build(SharedGlobals& g, zqerr_Status* status) {
   if (!zqerr::isOpen(status)) return;
   g.pluginManager = std::make_shared<zqvorexRedir::PluginManager>(folder);
   g.taskFactory = std::make_shared<SharedFactory>();
+  g.taskEventsList = std::make_shared<CTaskEventsList>();
   makeNameGenerator(g, folder);
   g.tlsManager = std::shared_ptr<IExtendedErrorInfoManager>(&tlsManager(), [](IExtendedErrorInfoManager*) {});
   g.taskPool = std::make_shared<TaskPool>(status);

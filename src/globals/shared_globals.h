@@ -8,6 +8,7 @@
 
 #include "contexts/context.h"
 #include "debug/debug_interfaces.h"
+#include "events/task_events_list.h"
 #include "lasterror/last_error.h"
 #include "plugin/plugin_manager.h"
 #include "pool/task_pool.h"
@@ -21,8 +22,7 @@
 namespace nZQCAI100 {
 
 // Fields in the record's order; destruction releases them from the last to the first.
-// Services whose code has not joined the library yet have no field here: the task events list
-// and the translator.
+// The translator, whose code has not joined the library yet, has no field here.
 struct SharedGlobals {
   std::shared_ptr<FeatureToggles> systemSettings;
   std::shared_ptr<zqvorexRedir::IContextManager> contextManager;
@@ -36,6 +36,7 @@ struct SharedGlobals {
   std::shared_ptr<ITaskPool> taskPool;
   std::shared_ptr<zqvorexRedir::IPluginSelector> pluginSelector;
   std::shared_ptr<zqvorexRedir::IDebugServerFactory> debugServerFactory;
+  std::shared_ptr<ICTaskEventsList> taskEventsList;
   std::shared_ptr<zqvorexStorageCpp::Capabilities> capabilities;
   std::shared_ptr<zqvorexStorageCpp::ChannelSpecification> channelSpecification;
   std::shared_ptr<zqvorexStorageCpp::Storage> storage;
@@ -55,6 +56,7 @@ std::shared_ptr<zqvorexRedir::ITaskFactory> getTaskFactory(zqerr_Status* status)
 std::shared_ptr<zqvorexRedir::ITaskNameGenerator> getTaskNameGenerator(zqerr_Status* status);
 std::shared_ptr<IExtendedErrorInfoManager> getTlsManager(zqerr_Status* status);
 std::shared_ptr<ITaskPool> getTaskPool(zqerr_Status* status);
+std::shared_ptr<ICTaskEventsList> getTaskEventsList(zqerr_Status* status);
 
 // The record itself, for the objects that read it whenever they are asked (the task factory);
 // null before a successful build and after exit.

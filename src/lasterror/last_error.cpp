@@ -5,6 +5,7 @@
 #include <new>
 
 #include "platform/library_entry.h"
+#include "text/nstring.h"
 
 namespace nZQCAI100 {
 
@@ -56,7 +57,12 @@ void TlsManager::releaseAll() {
   tlsIndex_ = zqplatform::kTlsOutOfIndexes;
   tlsValid_ = false;
   std::lock_guard<zqplatform::SlimLock> lock(listLock_);
-  while (records_.next != &records_) unlink(records_.next);
+  while (records_.next != &records_) {
+    // A thread still alive at unload loses its event window too: on Linux its delivery thread
+    // must end before the library's code goes.
+    zqplatform::destroyEventWindow(records_.next->eventWindow);
+    unlink(records_.next);
+  }
 }
 
 TlsManager& tlsManager() {
@@ -83,10 +89,10 @@ ExtendedErrorInfo* recordFailure(const zqerr_Status& status) noexcept {
 }
 
 void storeTaskNameText(ExtendedErrorInfo* record, const char* text) noexcept {
-  // The text conversion joins here once the code-page module is in; until then the bytes are
-  // taken as UTF-8.
   try {
-    record->taskName = text;
+    zqerr::FixedStatus converted = zqerr::makeFixedStatus();
+    zqwombat::systemTextToUtf8(text, std::strlen(text), &record->taskName, &converted);
+    if (converted.code < 0) record->taskName.clear();
   } catch (...) {
     record->taskName.clear();
   }

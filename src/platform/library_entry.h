@@ -14,6 +14,8 @@ void threadDetach() noexcept;
 
 // The module handle given at attach; null before and after.
 void* libraryModule() noexcept;
+// The module that owns the event window class (the process's), registered at attach.
+void* windowModule() noexcept;
 
 }  // namespace zqentry
 

@@ -125,4 +125,43 @@ inline constexpr size_t kMaxPath = 260;
 // folder zero-terminated. Returns the HRESULT, 0 on success.
 int32_t shellFolderPath(int32_t csidl, char16_t* path);
 
+
+// === event windows ==========================================================================
+// The queue through which a plug-in's thread hands event callbacks to the thread that
+// registered them. On Windows it is a hidden window of the registering thread (RegisterClassA,
+// CreateWindowExA, PostMessageA, DestroyWindow), served by that thread's own message loop. Linux
+// programs have no message loop, so there it is a queue of ours with one delivery thread of the
+// library for each registering thread: messages run there one at a time, in post order.
+using EventWindow = void*;
+// Runs one message; false hands it to the system's default handling.
+using EventHandler = bool (*)(uint32_t message, uintptr_t wParam, intptr_t lParam);
+// Takes a message that will never run, so that what it holds can be let go.
+using EventDropper = void (*)(uint32_t message, uintptr_t wParam, intptr_t lParam);
+
+// The process's module (GetModuleHandleA(nullptr)), whose instance owns the window class.
+void* processModule();
+// At library load and unload: the window class and what handles its messages.
+bool registerEventWindowClass(void* module, EventHandler handler, EventDropper dropper);
+void unregisterEventWindowClass(void* module);
+// A new window of the calling thread; null on failure.
+EventWindow createEventWindow(void* module);
+// Called by the window's own thread (or, on Linux, by its delivery thread): messages still
+// queued go to the dropper and the window goes. On a Linux delivery thread itself the queue is
+// only closed; its registering thread frees it later.
+void destroyEventWindow(EventWindow window);
+// An action that may post to a window holds it: on Linux a window's memory stays until the last
+// holder lets go, so that a post to a window that was taken away fails instead of crashing.
+void holdEventWindow(EventWindow window);
+void releaseEventWindow(EventWindow window);
+// False once the window was closed from its delivery thread.
+bool eventWindowAlive(EventWindow window);
+// PostMessageA: queues the message behind all queued before; false when it could not be queued
+// (no window, a closed or full queue).
+bool postEventMessage(EventWindow window, uint32_t message, uintptr_t wParam, intptr_t lParam);
+// The thread on whose behalf the calling thread runs event callbacks: itself, or on a Linux
+// delivery thread the registering thread it serves.
+uint32_t eventThreadId();
+// On a Linux delivery thread, the window it serves; null elsewhere.
+EventWindow servedEventWindow();
+
 }  // namespace zqplatform

@@ -35,13 +35,19 @@ bool isAttributeUsage(std::string_view usage) {
 }
 
 ReportWriter addItem(ReportWriter w, const char* usage, int32_t value) {
+  if (!isAttributeUsage(usage)) return addPlainItem(w, usage, value);
   w = beginItem(w, usage);
   w = writeInt32(w, "value", value);
   w = writeString(w, "value_type", "int32_t");
-  if (isAttributeUsage(usage)) {
-    const char* name = zqcatalogue::attributeName(value);
-    w = writeString(w, "comment", name ? name : "Not Available");
-  }
+  const char* name = zqcatalogue::attributeName(value);
+  w = writeString(w, "comment", name ? name : "Not Available");
+  return endItem(w);
+}
+
+ReportWriter addPlainItem(ReportWriter w, const char* usage, int32_t value) {
+  w = beginItem(w, usage);
+  w = writeInt32(w, "value", value);
+  w = writeString(w, "value_type", "int32_t");
   return endItem(w);
 }
 

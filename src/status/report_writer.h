@@ -51,6 +51,8 @@ inline constexpr const char* kTranslatorZqvorex = "qxlator_zqvorex";
 // Usage items, each followed by the next. The int32 form adds "comment" for the usages that
 // carry an attribute id.
 ReportWriter addItem(ReportWriter w, const char* usage, int32_t value);
+// An int32 item that never carries the comment, whatever its usage.
+ReportWriter addPlainItem(ReportWriter w, const char* usage, int32_t value);
 ReportWriter addItem(ReportWriter w, const char* usage, uint32_t value);
 ReportWriter addItem(ReportWriter w, const char* usage, uint64_t value);
 ReportWriter addItem(ReportWriter w, const char* usage, std::string_view value);

@@ -14,8 +14,8 @@ namespace {
 // Every channel holds `bytesPerChan` lines, one byte each, so the line buffer takes the shape
 // the application wrote for.
 uint32_t writeLines(ITask& task, const uint8_t* writeArray, const VectorArgs& a, zqerr_Status* status) {
-  const uint32_t numChans = writeAttributeU32(task, kWriteNumChans, status);
-  const uint32_t bytesPerChan = writeAttributeU32(task, kWriteDigitalLinesBytesPerChan, status);
+  const uint32_t numChans = writeAttributeU32(task, Vorex_WriteNumChans, status);
+  const uint32_t bytesPerChan = writeAttributeU32(task, Vorex_WriteDigitalLinesBytesPerChan, status);
   if (!zqerr::isOpen(status)) return 0;
   const std::vector<uint32_t> lines(numChans, bytesPerChan);
   const uint64_t numSamps = static_cast<uint64_t>(a.numSampsPerChan);
@@ -29,7 +29,7 @@ uint32_t writeLines(ITask& task, const uint8_t* writeArray, const VectorArgs& a,
 }
 
 uint32_t writeBytes(ITask& task, const void* writeArray, const VectorArgs& a, zqerr_Status* status) {
-  const uint32_t width = writeAttributeU32(task, kWriteRawDataWidth, status);
+  const uint32_t width = writeAttributeU32(task, Vorex_WriteRawDataWidth, status);
   if (!zqerr::isOpen(status)) return 0;
   zqgopher::ArrayBufferWriteAdapter buffer(
       writeArray, 1, uint64_t{width} * static_cast<uint64_t>(a.numSampsPerChan), status);

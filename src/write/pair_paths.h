@@ -33,7 +33,7 @@ void mergePairs(std::vector<typename Pair::Record>& pairs, uint64_t count,
 template <class Pair>
 uint32_t writeMerged(ITask& task, VectorOp op, const typename Pair::Element* first,
                      const typename Pair::Element* second, const VectorArgs& a, zqerr_Status* status) {
-  const uint32_t numChans = writeAttributeU32(task, kWriteNumChans, status);
+  const uint32_t numChans = writeAttributeU32(task, Vorex_WriteNumChans, status);
   if (zqerr::isOpen(status) && numChans == 0)
     ZQ_FAIL(status, kCwriteNonbufferedOrNoChannels);
   if (!zqerr::isOpen(status)) return 0;

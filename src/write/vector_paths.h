@@ -39,7 +39,7 @@ int32_t writeVector(const WriteInfo& info, TaskHandle handle, const Element* wri
         uint32_t written = 0;
         checkVector(writeArray, a, status);
         if (task && zqerr::isOpen(status)) {
-          const uint32_t numChans = writeAttributeU32(*task, kWriteNumChans, status);
+          const uint32_t numChans = writeAttributeU32(*task, Vorex_WriteNumChans, status);
           if (zqerr::isOpen(status)) {
             zqgopher::ArrayBufferWriteAdapter buffer(writeArray, numChans,
                                                      static_cast<uint64_t>(a.numSampsPerChan), status);

@@ -1,6 +1,5 @@
 #include "write/write_checks.h"
 
-#include "boundary/array_view.h"
 #include "status/report_writer.h"
 #include "status/error_sites.h"
 
@@ -28,12 +27,6 @@ void checkCount(int32_t count, zqerr_Status* status) {
   if (count >= 0) return;
   if (ZQ_FAIL(status, kCwriteInvalidNumberSamplesToWrite))
     zqerr::addItem(items(status), zqerr::usage::kUsageTypeNumSampsToWrite, count);
-}
-
-uint32_t writeAttributeU32(ITask& task, int32_t attributeId, zqerr_Status* status) {
-  if (!zqerr::isOpen(status)) return 0;
-  const zqgopher::StringArrayView none;
-  return task.getWriteAttributeU32(none, attributeId, status);
 }
 
 }  // namespace zqwrite

@@ -6,9 +6,12 @@
 
 #include "status/status.h"
 #include "task/itask.h"
+#include "utilities/cutility.h"
+#include "zqcai_rd_mbcs_attribute_ids.h"
 
 namespace zqwrite {
 
+using zqutility::writeAttributeU32;
 using zqvorexRedir::ITask;
 
 // The kind of channel a write names, first argument of every write operation.
@@ -16,9 +19,6 @@ inline constexpr uint32_t kKindAnalog = 10102;
 inline constexpr uint32_t kKindCounter = 10132;
 inline constexpr uint32_t kKindDigital = 10153;
 
-inline constexpr int32_t kWriteRawDataWidth = 0x217D;
-inline constexpr int32_t kWriteNumChans = 0x217E;
-inline constexpr int32_t kWriteDigitalLinesBytesPerChan = 0x217F;
 
 // -200492 when the caller passed something in `reserved`.
 void checkReserved(const void* reserved, zqerr_Status* status);
@@ -26,7 +26,5 @@ void checkReserved(const void* reserved, zqerr_Status* status);
 void checkArray(const void* array, int32_t count, int32_t paramNum, zqerr_Status* status);
 // -200622 with the count when it is negative: writes have no automatic count.
 void checkCount(int32_t count, zqerr_Status* status);
-// A write attribute of the task's channels as a uint32_t; 0 on a bad status.
-uint32_t writeAttributeU32(ITask& task, int32_t attributeId, zqerr_Status* status);
 
 }  // namespace zqwrite

@@ -1,0 +1,182 @@
+#include "events/event_actions.h"
+
+#include "events/event_ids.h"
+#include "globals/shared_globals.h"
+
+namespace nZQCAI100 {
+
+namespace {
+
+std::shared_ptr<ICTaskEventsList> eventsList() noexcept {
+  zqerr::Status local;
+  try {
+    return getTaskEventsList(&local);
+  } catch (...) {
+    return nullptr;
+  }
+}
+
+// Runs `callback` as a delivery of the task's event, unless the task is stopping.
+template <class Callback>
+void deliverIfWanted(TaskHandle task, Callback&& callback) noexcept {
+  auto list = eventsList();
+  if (!list) return;
+  Delivery delivery;
+  if (!list->beginDelivery(task, delivery)) return;
+  callback();
+  list->endDelivery(delivery);
+}
+
+// Queues `message` for the registering thread with a reference to the action, which the
+// handling of the message, or its dropping, lets go.
+template <class Action>
+void post(Action& action, uint32_t message, intptr_t value) {
+  action.hold();
+  if (!zqplatform::postEventMessage(action.window, message, reinterpret_cast<uintptr_t>(&action), value))
+    action.release();
+}
+
+// `count` occurrences, the mark looked at before each.
+template <class Action>
+void fireRepeatedly(Action& action, uint32_t message, uint32_t count) noexcept {
+  if (count == 0) return;
+  auto list = eventsList();
+  if (!list) return;
+  for (uint32_t i = 0; i < count; ++i) {
+    if (list->isMarked(action.task)) return;
+    if (action.direct)
+      action.deliver();
+    else
+      post(action, message, static_cast<intptr_t>(action.eventType));
+  }
+}
+
+// The done event's status becomes the thread's last error for the time of the callback.
+void recordDoneStatus(TaskHandle handle, int32_t code) noexcept {
+  zqerr::Status done;
+  done.code = code;
+  zqerr::Status lookup;
+  std::shared_ptr<zqvorexRedir::ITask> task;
+  try {
+    if (auto pool = getTaskPool(&lookup)) task = pool->getTask(handle, &lookup);
+  } catch (...) {
+  }
+  LastErrorRecorder<zqvorexRedir::ITask> recorder(&done, task.get(), nullptr);
+}
+
+}  // namespace
+
+CcaiDoneEventAction::CcaiDoneEventAction(const ActionTarget& target, VorexDoneEventCallbackPtr callback)
+    : task(target.task),
+      callback(callback),
+      callbackData(target.callbackData),
+      direct(target.direct),
+      option30(target.option30),
+      window(target.window) {
+  zqplatform::holdEventWindow(window);
+}
+
+CcaiDoneEventAction::~CcaiDoneEventAction() { zqplatform::releaseEventWindow(window); }
+
+void CcaiDoneEventAction::fire(int32_t taskStatusCode) noexcept {
+  auto list = eventsList();
+  if (!list || list->isMarked(task)) return;
+  if (direct)
+    deliver(taskStatusCode);
+  else
+    post(*this, kMessageDone, taskStatusCode);
+}
+
+void CcaiDoneEventAction::deliver(int32_t taskStatusCode) noexcept {
+  deliverIfWanted(task, [&] {
+    recordDoneStatus(task, taskStatusCode);
+    if (callback) callback(task, taskStatusCode, callbackData);
+  });
+}
+
+CcaiEveryNSamplesEventAction::CcaiEveryNSamplesEventAction(const ActionTarget& target, uint32_t eventType,
+                                                           VorexEveryNSamplesEventCallbackPtr callback,
+                                                           uint32_t nSamples)
+    : task(target.task),
+      eventType(eventType),
+      callback(callback),
+      callbackData(target.callbackData),
+      direct(target.direct),
+      option30(target.option30),
+      nSamples(nSamples),
+      window(target.window) {
+  zqplatform::holdEventWindow(window);
+}
+
+CcaiEveryNSamplesEventAction::~CcaiEveryNSamplesEventAction() { zqplatform::releaseEventWindow(window); }
+
+void CcaiEveryNSamplesEventAction::fire(uint32_t count) noexcept { fireRepeatedly(*this, kMessageEveryNSamples, count); }
+
+void CcaiEveryNSamplesEventAction::deliver() noexcept {
+  deliverIfWanted(task, [&] {
+    if (callback) callback(task, static_cast<int32>(eventType), nSamples, callbackData);
+  });
+}
+
+CcaiSignalEventAction::CcaiSignalEventAction(const ActionTarget& target, uint32_t signalId,
+                                             VorexSignalEventCallbackPtr callback)
+    : task(target.task),
+      eventType(signalId),
+      callback(callback),
+      callbackData(target.callbackData),
+      direct(target.direct),
+      option30(target.option30),
+      window(target.window) {
+  zqplatform::holdEventWindow(window);
+}
+
+CcaiSignalEventAction::~CcaiSignalEventAction() { zqplatform::releaseEventWindow(window); }
+
+void CcaiSignalEventAction::fire(uint32_t count) noexcept { fireRepeatedly(*this, kMessageSignal, count); }
+
+void CcaiSignalEventAction::deliver() noexcept {
+  deliverIfWanted(task, [&] {
+    if (callback) callback(task, static_cast<int32>(eventType), callbackData);
+  });
+}
+
+bool handleEventMessage(uint32_t message, uintptr_t wParam, intptr_t lParam) noexcept {
+  switch (message) {
+    case kMessageDestroy:
+      return true;
+    case kMessageDone: {
+      auto* action = reinterpret_cast<CcaiDoneEventAction*>(wParam);
+      action->deliver(static_cast<int32_t>(lParam));
+      action->release();
+      return true;
+    }
+    case kMessageEveryNSamples: {
+      auto* action = reinterpret_cast<CcaiEveryNSamplesEventAction*>(wParam);
+      action->deliver();
+      action->release();
+      return true;
+    }
+    case kMessageSignal: {
+      auto* action = reinterpret_cast<CcaiSignalEventAction*>(wParam);
+      action->deliver();
+      action->release();
+      return true;
+    }
+    case kMessageFlush:
+      if (auto list = eventsList()) list->clearMark(reinterpret_cast<TaskHandle>(wParam));
+      return true;
+    default:
+      return false;
+  }
+}
+
+void dropEventMessage(uint32_t message, uintptr_t wParam, intptr_t) noexcept {
+  switch (message) {
+    case kMessageDone: reinterpret_cast<CcaiDoneEventAction*>(wParam)->release(); break;
+    case kMessageEveryNSamples: reinterpret_cast<CcaiEveryNSamplesEventAction*>(wParam)->release(); break;
+    case kMessageSignal: reinterpret_cast<CcaiSignalEventAction*>(wParam)->release(); break;
+    default: break;
+  }
+}
+
+}  // namespace nZQCAI100
