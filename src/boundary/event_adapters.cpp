@@ -15,7 +15,7 @@ EventAdapter<Interface, Table, Action>* EventAdapter<Interface, Table, Action>::
   adapter->baseTable = &kBaseTable;
   adapter->referenceCount = 1;
   adapter->interfaceTable = &kTable;
-  adapter->action = action;
+  adapter->action = static_cast<RefCountedAction*>(action);
   return adapter;
 }
 

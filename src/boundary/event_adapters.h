@@ -13,7 +13,8 @@ namespace zqgopher {
 
 // What an event object runs when the plug-in fires it. Its references are counted by hand: the
 // event object holds one, and every message queued for a registering thread another, so that
-// an action stays alive while a message naming it waits in a queue.
+// an action stays alive while a message naming it waits in a queue. An action of a cleared task
+// is retired: whatever the plug-in still fires, it never runs again.
 class RefCountedAction {
  public:
   RefCountedAction() = default;
@@ -24,12 +25,15 @@ class RefCountedAction {
   void release() noexcept {
     if (references_.fetch_sub(1, std::memory_order_acq_rel) == 1) delete this;
   }
+  void retire() noexcept { retired_.store(true, std::memory_order_release); }
+  bool retired() const noexcept { return retired_.load(std::memory_order_acquire); }
 
  protected:
   virtual ~RefCountedAction() = default;
 
  private:
   std::atomic<uint32_t> references_{1};
+  std::atomic<bool> retired_{false};
 };
 
 // The part of every event object in front of the plug-in's pointer: the destruction table and
@@ -48,7 +52,8 @@ class EventAdapter : public zqgopher_EventAdapterFields {
   EventAdapter& operator=(const EventAdapter&) = delete;
 
   Interface* boundary() noexcept { return reinterpret_cast<Interface*>(&interfaceTable); }
-  Action* eventAction() const noexcept { return static_cast<Action*>(action); }
+  // The field holds the action as its common base, whatever the kind.
+  Action* eventAction() const noexcept { return static_cast<Action*>(static_cast<RefCountedAction*>(action)); }
   uint32_t addReference() noexcept { return count().fetch_add(1, std::memory_order_relaxed) + 1; }
   uint32_t releaseReference() noexcept;
 

@@ -16,9 +16,10 @@ std::shared_ptr<ICTaskEventsList> eventsList() noexcept {
   }
 }
 
-// Runs `callback` as a delivery of the task's event, unless the task is stopping.
+// Runs `callback` as a delivery of the task's event, unless the task is stopping or gone.
 template <class Callback>
-void deliverIfWanted(TaskHandle task, Callback&& callback) noexcept {
+void deliverIfWanted(const zqgopher::RefCountedAction& action, TaskHandle task, Callback&& callback) noexcept {
+  if (action.retired()) return;
   auto list = eventsList();
   if (!list) return;
   Delivery delivery;
@@ -39,7 +40,7 @@ void post(Action& action, uint32_t message, intptr_t value) {
 // `count` occurrences, the mark looked at before each.
 template <class Action>
 void fireRepeatedly(Action& action, uint32_t message, uint32_t count) noexcept {
-  if (count == 0) return;
+  if (count == 0 || action.retired()) return;
   auto list = eventsList();
   if (!list) return;
   for (uint32_t i = 0; i < count; ++i) {
@@ -66,19 +67,28 @@ void recordDoneStatus(TaskHandle handle, int32_t code) noexcept {
 
 }  // namespace
 
+ActionEnrolment::ActionEnrolment(const ActionTarget& target, zqgopher::RefCountedAction* action)
+    : list_(target.list), task_(target.task), action_(action), window_(target.window) {
+  zqplatform::holdEventWindow(window_);
+  if (list_) list_->enlist(task_, action_);
+}
+
+ActionEnrolment::~ActionEnrolment() {
+  if (list_) list_->delist(task_, action_);
+  zqplatform::releaseEventWindow(window_);
+}
+
 CcaiDoneEventAction::CcaiDoneEventAction(const ActionTarget& target, VorexDoneEventCallbackPtr callback)
     : task(target.task),
       callback(callback),
       callbackData(target.callbackData),
       direct(target.direct),
       option30(target.option30),
-      window(target.window) {
-  zqplatform::holdEventWindow(window);
-}
-
-CcaiDoneEventAction::~CcaiDoneEventAction() { zqplatform::releaseEventWindow(window); }
+      window(target.window),
+      enrolment_(target, this) {}
 
 void CcaiDoneEventAction::fire(int32_t taskStatusCode) noexcept {
+  if (retired()) return;
   auto list = eventsList();
   if (!list || list->isMarked(task)) return;
   if (direct)
@@ -88,7 +98,7 @@ void CcaiDoneEventAction::fire(int32_t taskStatusCode) noexcept {
 }
 
 void CcaiDoneEventAction::deliver(int32_t taskStatusCode) noexcept {
-  deliverIfWanted(task, [&] {
+  deliverIfWanted(*this, task, [&] {
     recordDoneStatus(task, taskStatusCode);
     if (callback) callback(task, taskStatusCode, callbackData);
   });
@@ -104,16 +114,13 @@ CcaiEveryNSamplesEventAction::CcaiEveryNSamplesEventAction(const ActionTarget& t
       direct(target.direct),
       option30(target.option30),
       nSamples(nSamples),
-      window(target.window) {
-  zqplatform::holdEventWindow(window);
-}
-
-CcaiEveryNSamplesEventAction::~CcaiEveryNSamplesEventAction() { zqplatform::releaseEventWindow(window); }
+      window(target.window),
+      enrolment_(target, this) {}
 
 void CcaiEveryNSamplesEventAction::fire(uint32_t count) noexcept { fireRepeatedly(*this, kMessageEveryNSamples, count); }
 
 void CcaiEveryNSamplesEventAction::deliver() noexcept {
-  deliverIfWanted(task, [&] {
+  deliverIfWanted(*this, task, [&] {
     if (callback) callback(task, static_cast<int32>(eventType), nSamples, callbackData);
   });
 }
@@ -126,16 +133,13 @@ CcaiSignalEventAction::CcaiSignalEventAction(const ActionTarget& target, uint32_
       callbackData(target.callbackData),
       direct(target.direct),
       option30(target.option30),
-      window(target.window) {
-  zqplatform::holdEventWindow(window);
-}
-
-CcaiSignalEventAction::~CcaiSignalEventAction() { zqplatform::releaseEventWindow(window); }
+      window(target.window),
+      enrolment_(target, this) {}
 
 void CcaiSignalEventAction::fire(uint32_t count) noexcept { fireRepeatedly(*this, kMessageSignal, count); }
 
 void CcaiSignalEventAction::deliver() noexcept {
-  deliverIfWanted(task, [&] {
+  deliverIfWanted(*this, task, [&] {
     if (callback) callback(task, static_cast<int32>(eventType), callbackData);
   });
 }

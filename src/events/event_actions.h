@@ -5,7 +5,10 @@
 
 #include <cstdint>
 
+#include <memory>
+
 #include "boundary/event_adapters.h"
+#include "events/task_events_list.h"
 #include "platform/platform.h"
 #include "zqcai_rd_mbcs.h"
 
@@ -18,12 +21,28 @@ struct ActionTarget {
   bool direct = false;
   bool option30 = false;  // bit 30 of the options; kept, read by nothing
   zqplatform::EventWindow window = nullptr;
+  std::shared_ptr<ICTaskEventsList> list;  // where the action is enlisted under its task
+};
+
+// What every action holds besides its fields: its place in the events list's roll of actions,
+// and the window it may post to, both let go when the action ends.
+class ActionEnrolment {
+ public:
+  ActionEnrolment(const ActionTarget& target, zqgopher::RefCountedAction* action);
+  ~ActionEnrolment();
+  ActionEnrolment(const ActionEnrolment&) = delete;
+  ActionEnrolment& operator=(const ActionEnrolment&) = delete;
+
+ private:
+  std::shared_ptr<ICTaskEventsList> list_;
+  TaskHandle task_;
+  zqgopher::RefCountedAction* action_;
+  zqplatform::EventWindow window_;
 };
 
 class CcaiDoneEventAction final : public zqgopher::EventDoneAction {
  public:
   CcaiDoneEventAction(const ActionTarget& target, VorexDoneEventCallbackPtr callback);
-  ~CcaiDoneEventAction() override;
   void fire(int32_t taskStatusCode) noexcept override;
   // Runs the callback now, on this thread, unless the task is stopping.
   void deliver(int32_t taskStatusCode) noexcept;
@@ -34,13 +53,15 @@ class CcaiDoneEventAction final : public zqgopher::EventDoneAction {
   bool direct;
   bool option30;
   zqplatform::EventWindow window;
+
+ private:
+  ActionEnrolment enrolment_;
 };
 
 class CcaiEveryNSamplesEventAction final : public zqgopher::EventEveryNSamplesAction {
  public:
   CcaiEveryNSamplesEventAction(const ActionTarget& target, uint32_t eventType,
                                VorexEveryNSamplesEventCallbackPtr callback, uint32_t nSamples);
-  ~CcaiEveryNSamplesEventAction() override;
   void fire(uint32_t count) noexcept override;
   void deliver() noexcept;
 
@@ -52,12 +73,14 @@ class CcaiEveryNSamplesEventAction final : public zqgopher::EventEveryNSamplesAc
   bool option30;
   uint32_t nSamples;
   zqplatform::EventWindow window;
+
+ private:
+  ActionEnrolment enrolment_;
 };
 
 class CcaiSignalEventAction final : public zqgopher::EventSignalAction {
  public:
   CcaiSignalEventAction(const ActionTarget& target, uint32_t signalId, VorexSignalEventCallbackPtr callback);
-  ~CcaiSignalEventAction() override;
   void fire(uint32_t count) noexcept override;
   void deliver() noexcept;
 
@@ -68,6 +91,9 @@ class CcaiSignalEventAction final : public zqgopher::EventSignalAction {
   bool direct;
   bool option30;
   zqplatform::EventWindow window;
+
+ private:
+  ActionEnrolment enrolment_;
 };
 
 // The registering thread's window procedure for the event messages; false for any other.

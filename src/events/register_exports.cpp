@@ -26,14 +26,15 @@ constexpr uint32_t kOption30 = 1u << 30;
 struct Call {
   ITask* task;  // null when the handle gave none
   TaskHandle handle;
-  ICTaskEventsList* events;
+  std::shared_ptr<ICTaskEventsList> events;
   uint32_t options;
   void* callbackData;
   zqerr_Status* status;
 
   bool synchronous() const { return (options & kSynchronous) != 0; }
   nZQCAI100::ActionTarget target() const {
-    return {handle, callbackData, !synchronous(), (options & kOption30) != 0, nZQCAI100::ensureEventWindow()};
+    return {handle, callbackData, !synchronous(), (options & kOption30) != 0, nZQCAI100::ensureEventWindow(),
+            events};
   }
   bool alreadyRegistered(int32_t pluginId) const {
     return task && !task->getEvents(pluginId, status).empty();
@@ -97,7 +98,7 @@ int32_t registrationFrame(const char* function, TaskHandle handle, uint32_t opti
   zqframe::TaskHolder<ITask> task(handle, &status);
   nZQCAI100::LastErrorRecorder<ITask> recorder(&status, task.get(), nullptr);
   try {
-    if (events) body(Call{task.get(), handle, events.get(), options, callbackData, &status});
+    if (events) body(Call{task.get(), handle, events, options, callbackData, &status});
   } catch (...) {
     zqerr::convertCurrentException(&status);
   }

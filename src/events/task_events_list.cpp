@@ -121,3 +121,29 @@ void CTaskEventsList::awaitDeliveries(TaskHandle task) {
 }
 
 }  // namespace nZQCAI100
+
+namespace nZQCAI100 {
+
+void CTaskEventsList::enlist(TaskHandle task, zqgopher::RefCountedAction* action) {
+  std::lock_guard<zqplatform::SlimLock> held(actionsLock_);
+  actions_.emplace(task, action);
+}
+
+void CTaskEventsList::delist(TaskHandle task, zqgopher::RefCountedAction* action) {
+  std::lock_guard<zqplatform::SlimLock> held(actionsLock_);
+  auto [first, last] = actions_.equal_range(task);
+  for (auto it = first; it != last; ++it) {
+    if (it->second == action) {
+      actions_.erase(it);
+      return;
+    }
+  }
+}
+
+void CTaskEventsList::retireActions(TaskHandle task) {
+  std::lock_guard<zqplatform::SlimLock> held(actionsLock_);
+  auto [first, last] = actions_.equal_range(task);
+  for (auto it = first; it != last; ++it) it->second->retire();
+}
+
+}  // namespace nZQCAI100

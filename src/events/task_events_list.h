@@ -9,6 +9,7 @@
 #include <map>
 #include <set>
 
+#include "boundary/event_adapters.h"
 #include "platform/platform.h"
 
 namespace nZQCAI100 {
@@ -42,6 +43,11 @@ class ICTaskEventsList {
   virtual void endDelivery(Delivery& delivery) = 0;
   // Returns once no callback of the task runs on another thread than the caller's.
   virtual void awaitDeliveries(TaskHandle task) = 0;
+  // The actions of each task, so that a clear can retire them all; an action leaves the list
+  // when it ends.
+  virtual void enlist(TaskHandle task, zqgopher::RefCountedAction* action) = 0;
+  virtual void delist(TaskHandle task, zqgopher::RefCountedAction* action) = 0;
+  virtual void retireActions(TaskHandle task) = 0;
 };
 
 // One slot for each event that the registrations list knows, in this order.
@@ -66,6 +72,9 @@ class CTaskEventsList final : public ICTaskEventsList {
   bool beginDelivery(TaskHandle task, Delivery& delivery) override;
   void endDelivery(Delivery& delivery) override;
   void awaitDeliveries(TaskHandle task) override;
+  void enlist(TaskHandle task, zqgopher::RefCountedAction* action) override;
+  void delist(TaskHandle task, zqgopher::RefCountedAction* action) override;
+  void retireActions(TaskHandle task) override;
 
  private:
   bool anyRecordOfThread(uint32_t threadId);
@@ -77,6 +86,8 @@ class CTaskEventsList final : public ICTaskEventsList {
   zqplatform::SlimLock registrationsLock_;
   Delivery deliveries_;  // sentinel of the running callbacks, guarded by markedLock_
   std::condition_variable_any delivered_;
+  std::multimap<TaskHandle, zqgopher::RefCountedAction*> actions_;
+  zqplatform::SlimLock actionsLock_;
 };
 
 }  // namespace nZQCAI100

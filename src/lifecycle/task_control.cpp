@@ -81,22 +81,19 @@ void clearTask(ICTaskEventsList& events, TaskHandle handle, zqerr_Status* status
     return;
   }
   events.markStopping(handle);
+  events.retireActions(handle);
   events.flush(handle);
   events.forgetTask(handle);
   events.awaitDeliveries(handle);
-  std::weak_ptr<zqvorexRedir::ITask> watched;
-  {
-    auto pool = getTaskPool(status);
-    zqframe::TaskHolder<zqvorexRedir::ITask> task(handle, status);
-    if (!pool || !task) return;
-    watched = task.shared();
-    zqerr::Status removed;
-    pool->removeTask(task.shared(), &removed);
-    zqerr::adopt(status, &removed);
-  }
-  // Nothing is queued that the sentinel would have to pass: a task that is gone loses its
-  // mark now, so that a later task at the same address does not start out marked.
-  if (state == 0 && watched.expired()) events.clearMark(handle);
+  // Its actions are retired: with nothing queued for a sentinel to pass, the mark goes now, so
+  // that a later task at the same address does not start out marked.
+  if (state == 0) events.clearMark(handle);
+  auto pool = getTaskPool(status);
+  zqframe::TaskHolder<zqvorexRedir::ITask> task(handle, status);
+  if (!pool || !task) return;
+  zqerr::Status removed;
+  pool->removeTask(task.shared(), &removed);
+  zqerr::adopt(status, &removed);
 }
 
 }  // namespace nZQCAI100
