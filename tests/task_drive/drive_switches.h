@@ -14,8 +14,12 @@
  * - readScaledVectorF64 fills every channel with zqtestDrive_sample(channel, sample). When reads
  *   block for the task (a switch, by task name), it waits inside the plug-in until abortTask is
  *   called on that task, then reports zqtestDrive_kReadAbortedCode.
- * - registerDoneEvent, registerEveryNSamplesEvent, registerSignalEvent hand out tokens 1, 2, 3...
- *   per task; unregisterEvent takes one back and fails for an unknown token. */
+ * - registerDoneEvent, registerEveryNSamplesEvent, registerSignalEvent keep the event object with
+ *   a reference and hand out tokens 1, 2, 3... per task; unregisterEvent takes one back (and the
+ *   reference) and fails for an unknown token; destroyTask lets go of the rest. Events fire
+ *   only when a test asks (zqtestDrive_testFire, zqtestDrive_testFireStorm), always from a
+ *   thread of the plug-in's own.
+ * - controlTask counts starts and other actions; waitUntilTaskDone returns at once. */
 #ifndef ZQTEST_DRIVE_SWITCHES_H
 #define ZQTEST_DRIVE_SWITCHES_H
 
@@ -49,6 +53,10 @@ enum {
   zqtestDrive_channelsCreated,
   zqtestDrive_eventsRegistered,
   zqtestDrive_eventsUnregistered,
+  zqtestDrive_eventRefs,  /* references the plug-in holds on event objects */
+  zqtestDrive_eventsFired,
+  zqtestDrive_starts,
+  zqtestDrive_controls, /* controlTask with any action but start */
   zqtestDrive_counterCount
 };
 
@@ -60,6 +68,14 @@ typedef void (*zqtestDrive_testSetChannelFailCode_fn)(int32_t code);
  * first (a guard against a hang, not a measure of time). */
 typedef int32_t (*zqtestDrive_testAwaitBlockedReads_fn)(uint32_t count, uint32_t limitMs);
 typedef int64_t (*zqtestDrive_testCounter_fn)(int32_t counter);
+/* Fires, from a new thread of the plug-in, every registered event `eventId` (12576 done, 12580,
+ * 12581, 12575 signal, 0 any) of the named task: every N samples and signals `times` times
+ * each, done once with `code`. Returns once all fired: the number of events, -1 for no such
+ * task. */
+typedef int32_t (*zqtestDrive_testFire_fn)(const char* taskName, int32_t eventId, uint32_t times, int32_t code);
+/* A thread of the plug-in fires every event of every live task over and over (on != 0), or
+ * stops and is joined. */
+typedef void (*zqtestDrive_testFireStorm_fn)(int32_t on);
 
 #ifdef __cplusplus
 }

@@ -73,6 +73,18 @@ ZQ_NATIVE_EXPORT void zqtestDrive_createAIVoltageChannel(
   }
 }
 
+// Global channels of the store: each lies on Dev1, as the tests' store defines them.
+ZQ_NATIVE_EXPORT void zqtestDrive_addChannelsToTask(zqvorexPlugin_Task_undefined* task, const char* channelNames,
+                                                    zqerr_Status* status) {
+  if (!isOpen(status)) return;
+  DriveTask& record = *asTask(task);
+  std::lock_guard<std::mutex> guard(record.mutex);
+  for (const std::string& name : splitList(channelNames)) {
+    record.channels.push_back(Channel{name, "Dev1/" + name});
+    count(zqtestDrive_channelsCreated);
+  }
+}
+
 ZQ_NATIVE_EXPORT void zqtestDrive_rollbackFailedChannelCreations(zqvorexPlugin_Task_undefined* task,
                                                                  const char* channelNames,
                                                                  zqerr_Status* status) {
@@ -159,6 +171,7 @@ ZQ_NATIVE_EXPORT void zqtestDrive_setTaskAttributeI32(zqvorexPlugin_Task_undefin
 
 static_assert(
     std::is_same_v<decltype(&zqtestDrive_createAIVoltageChannel), zqvorexPlugin_createAIVoltageChannel_fn>);
+static_assert(std::is_same_v<decltype(&zqtestDrive_addChannelsToTask), zqvorexPlugin_addChannelsToTask_fn>);
 static_assert(std::is_same_v<decltype(&zqtestDrive_rollbackFailedChannelCreations),
                              zqvorexPlugin_rollbackFailedChannelCreations_fn>);
 static_assert(std::is_same_v<decltype(&zqtestDrive_getTaskAttributeStringVtr),

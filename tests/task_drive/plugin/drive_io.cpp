@@ -1,7 +1,6 @@
-// Reads, abort and events of zqtestDrive. A blocking read waits on the task's condition with
+// Reads and abort of zqtestDrive. A blocking read waits on the task's condition with
 // the task's mutex released, so that abortTask, which may come while the read is in progress,
 // gets in and ends it.
-#include <algorithm>
 #include <type_traits>
 
 #include "drive_state.h"
@@ -25,15 +24,6 @@ uint32_t waitForAbort(DriveTask& record, std::unique_lock<std::mutex>& guard, zq
   return 0;
 }
 
-zqvorexPlugin_EventToken registerToken(zqvorexPlugin_Task_undefined* task, zqerr_Status* status) {
-  if (!isOpen(status)) return 0;
-  DriveTask& record = *asTask(task);
-  std::lock_guard<std::mutex> guard(record.mutex);
-  const uint64_t token = record.nextToken++;
-  record.liveTokens.push_back(token);
-  count(zqtestDrive_eventsRegistered);
-  return token;
-}
 
 }  // namespace
 
@@ -77,47 +67,8 @@ ZQ_NATIVE_EXPORT void zqtestDrive_abortTask(zqvorexPlugin_Task_undefined* task, 
   record.aborted.notify_all();
 }
 
-ZQ_NATIVE_EXPORT zqvorexPlugin_EventToken zqtestDrive_registerDoneEvent(zqvorexPlugin_Task_undefined* task,
-                                                                        bool, zqgopher_IEventDone*,
-                                                                        zqerr_Status* status) {
-  return registerToken(task, status);
-}
-
-ZQ_NATIVE_EXPORT zqvorexPlugin_EventToken
-zqtestDrive_registerEveryNSamplesEvent(zqvorexPlugin_Task_undefined* task, int32_t, uint32_t, bool,
-                                       zqgopher_IEventEveryNSamples*, zqerr_Status* status) {
-  return registerToken(task, status);
-}
-
-ZQ_NATIVE_EXPORT zqvorexPlugin_EventToken zqtestDrive_registerSignalEvent(zqvorexPlugin_Task_undefined* task,
-                                                                          int32_t, bool,
-                                                                          zqgopher_IEventSignal*,
-                                                                          zqerr_Status* status) {
-  return registerToken(task, status);
-}
-
-ZQ_NATIVE_EXPORT void zqtestDrive_unregisterEvent(zqvorexPlugin_Task_undefined* task,
-                                                  zqvorexPlugin_EventToken token, zqerr_Status* status) {
-  if (!isOpen(status)) return;
-  DriveTask& record = *asTask(task);
-  std::lock_guard<std::mutex> guard(record.mutex);
-  auto found = std::find(record.liveTokens.begin(), record.liveTokens.end(), token);
-  if (found == record.liveTokens.end()) {
-    fail(status, zqtestDrive_kUnknownTokenCode);
-    return;
-  }
-  record.liveTokens.erase(found);
-  count(zqtestDrive_eventsUnregistered);
-}
-
 }  // extern "C"
 
 static_assert(
     std::is_same_v<decltype(&zqtestDrive_readScaledVectorF64), zqvorexPlugin_readScaledVectorF64_fn>);
 static_assert(std::is_same_v<decltype(&zqtestDrive_abortTask), zqvorexPlugin_abortTask_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_registerDoneEvent), zqvorexPlugin_registerDoneEvent_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_registerEveryNSamplesEvent),
-                             zqvorexPlugin_registerEveryNSamplesEvent_fn>);
-static_assert(
-    std::is_same_v<decltype(&zqtestDrive_registerSignalEvent), zqvorexPlugin_registerSignalEvent_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_unregisterEvent), zqvorexPlugin_unregisterEvent_fn>);

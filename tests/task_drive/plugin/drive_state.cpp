@@ -26,6 +26,9 @@ struct Switches {
 };
 Switches switches;
 
+std::mutex tasksMutex;
+std::set<DriveTask*> liveTasks;
+
 struct LoadMarker {
   LoadMarker() { writeLog("load"); }
   ~LoadMarker() { writeLog("unload"); }
@@ -55,6 +58,34 @@ void writeLog(const std::string& line) {
     std::fputs((line + "\n").c_str(), file);
     std::fclose(file);
   }
+}
+
+void enterTask(DriveTask* task) {
+  std::lock_guard<std::mutex> guard(tasksMutex);
+  liveTasks.insert(task);
+}
+
+void leaveTask(DriveTask* task) {
+  std::lock_guard<std::mutex> guard(tasksMutex);
+  liveTasks.erase(task);
+}
+
+std::vector<DriveEvent> takeEvents(const std::string& taskName, int32_t eventId, bool* found) {
+  std::vector<DriveEvent> taken;
+  std::lock_guard<std::mutex> guard(tasksMutex);
+  for (DriveTask* task : liveTasks) {
+    if (!taskName.empty() && task->name != taskName) continue;
+    if (found) *found = true;
+    std::lock_guard<std::mutex> held(task->mutex);
+    for (const DriveEvent& event : task->events) {
+      if (eventId != 0 && event.eventId != eventId) continue;
+      auto* base = static_cast<zqgopher_IEventBase*>(event.object);
+      base->table->addRef(base);
+      count(zqtestDrive_eventRefs);
+      taken.push_back(event);
+    }
+  }
+  return taken;
 }
 
 int32_t channelFailCode() { return switches.failCode.load(); }

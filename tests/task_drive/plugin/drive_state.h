@@ -24,6 +24,13 @@ struct DriveContext {
   std::string name;
 };
 
+// An event object the application registered, held with a reference of the plug-in's.
+struct DriveEvent {
+  uint64_t token = 0;
+  int32_t eventId = 0;  // 12576 done, 12580 and 12581 every N samples, 12575 signal
+  void* object = nullptr;
+};
+
 struct DriveTask {
   std::string name;
   DriveContext* context = nullptr;
@@ -33,7 +40,7 @@ struct DriveTask {
   std::map<int32_t, int32_t> i32Values;
   uint64_t abortGeneration = 0;
   uint64_t nextToken = 1;
-  std::vector<uint64_t> liveTokens;
+  std::vector<DriveEvent> events;
 };
 
 inline DriveTask* asTask(zqvorexPlugin_Task_undefined* task) { return reinterpret_cast<DriveTask*>(task); }
@@ -47,6 +54,17 @@ int64_t counterValue(int32_t counter);
 
 // Appends one line to the file named by ZQTEST_DRIVE_LOG; nothing without it.
 void writeLog(const std::string& line);
+
+// Live tasks, for the test switches that fire a task's events by its name.
+void enterTask(DriveTask* task);
+void leaveTask(DriveTask* task);
+// The events of `eventId` (0: of any id) of the named task (empty name: of every live task),
+// each with a reference taken. `found` tells whether the named task lives.
+std::vector<DriveEvent> takeEvents(const std::string& taskName, int32_t eventId, bool* found = nullptr);
+// Takes an event object's reference back.
+void releaseEvent(const DriveEvent& event);
+// Fires `event` `count` times (done: once, with `code`).
+void fireEvent(const DriveEvent& event, uint32_t count, int32_t code);
 
 int32_t channelFailCode();
 void setChannelFailCode(int32_t code);

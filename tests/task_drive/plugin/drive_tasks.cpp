@@ -34,6 +34,7 @@ ZQ_NATIVE_EXPORT zqvorexPlugin_Task_undefined* zqtestDrive_createTask(
   task->name = taskName ? taskName : "";
   task->context = reinterpret_cast<DriveContext*>(context);
   count(zqtestDrive_tasksLive);
+  enterTask(task);
   writeLog("createTask " + task->name);
   return reinterpret_cast<zqvorexPlugin_Task_undefined*>(task);
 }
@@ -42,6 +43,8 @@ ZQ_NATIVE_EXPORT void zqtestDrive_destroyTask(zqvorexPlugin_Task_undefined* task
   DriveTask* record = asTask(task);
   if (!record) return;
   writeLog("destroyTask " + record->name);
+  leaveTask(record);
+  for (const DriveEvent& event : record->events) releaseEvent(event);
   count(zqtestDrive_tasksLive, -1);
   delete record;
 }

@@ -1,0 +1,16 @@
+// The few things of the end-to-end harness that differ between Windows and Linux.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace zqe2e {
+
+// A symbol of the library at `path`, loaded once and kept.
+void* librarySymbol(const std::string& path, const char* name);
+// Handles the messages queued for the calling thread (Windows); nothing on Linux.
+void pumpMessages();
+bool hasDeliveryThread();
+uint32_t threadId();
+
+}  // namespace zqe2e
