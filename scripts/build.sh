@@ -14,7 +14,7 @@ case "$kind" in
   win64) args+=(-DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_TOOLCHAIN_FILE="$here/cmake/mingw-w64-x86_64.cmake") ;;
   fuzz)  args+=(-DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++
                 -DZQ_BUILD_FUZZ=ON -DZQ_BUILD_TESTS=OFF -DZQ_BUILD_BENCH=OFF) ;;
-  asan)  args+=(-DCMAKE_BUILD_TYPE=Debug -DZQ_SANITIZE=address -DZQ_BUILD_BENCH=OFF) ;;
+  asan)  args+=(-DCMAKE_BUILD_TYPE=Debug -DZQ_SANITIZE=address,undefined -DZQ_BUILD_BENCH=OFF) ;;
   tsan)  args+=(-DCMAKE_BUILD_TYPE=Debug -DZQ_SANITIZE=thread -DZQ_BUILD_BENCH=OFF) ;;
   *) echo "unknown build kind: $kind" >&2; exit 2 ;;
 esac
