@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # build.sh linux|win64|fuzz|asan|tsan [extra cmake args]: configures and builds one target tree under build/
-# (all of it, or the targets named by ZQ_BUILD_TARGETS).
+# (all of it, or the targets named by ZQ_BUILD_TARGETS; only configures it when ZQ_CONFIGURE_ONLY=1).
 set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
 kind=$1; shift
@@ -19,6 +19,7 @@ case "$kind" in
   *) echo "unknown build kind: $kind" >&2; exit 2 ;;
 esac
 cmake "${args[@]}" "$@" >/dev/null
+[ "${ZQ_CONFIGURE_ONLY:-0}" = 1 ] && exit 0
 # ZQ_BUILD_TARGETS, when set, names the only targets to build (space-separated).
 targets=()
 for target in ${ZQ_BUILD_TARGETS:-}; do targets+=(--target "$target"); done
