@@ -36,6 +36,10 @@ class HandleTable {
     items_.erase(it);
     return item;
   }
+  size_t size() {
+    std::lock_guard<std::mutex> guard(mutex_);
+    return items_.size();
+  }
   template <class Pred>
   std::vector<std::shared_ptr<T>> takeIf(Pred pred) {
     std::lock_guard<std::mutex> guard(mutex_);
@@ -58,22 +62,23 @@ class HandleTable {
   uint64_t next_ = 1;
 };
 
-// Never destroyed: handles may be used until the process is gone.
+// The tables live as long as the library: a driver may unload it and load it again many times
+// in one process, and tables left behind by an unload would be lost with whatever they hold.
 HandleTable<Session>& sessions() {
-  static auto* table = new HandleTable<Session>(0x51);
-  return *table;
+  static HandleTable<Session> table(0x51);
+  return table;
 }
 HandleTable<Lock>& locks() {
-  static auto* table = new HandleTable<Lock>(0x52);
-  return *table;
+  static HandleTable<Lock> table(0x52);
+  return table;
 }
 HandleTable<ChannelSpec>& channelSpecs() {
-  static auto* table = new HandleTable<ChannelSpec>(0x53);
-  return *table;
+  static HandleTable<ChannelSpec> table(0x53);
+  return table;
 }
 HandleTable<TaskSpec>& taskSpecs() {
-  static auto* table = new HandleTable<TaskSpec>(0x54);
-  return *table;
+  static HandleTable<TaskSpec> table(0x54);
+  return table;
 }
 
 [[noreturn]] void badHandle(const char* what, uint64_t handle) {
@@ -146,6 +151,10 @@ Target resolve(uint64_t handle) {
   if (auto lock = locks().find(handle)) return Target{lock->session, lock->write ? Target::kWriteLock : Target::kReadLock};
   if (auto session = sessions().find(handle)) return Target{session, Target::kSession};
   badHandle("session or lock", handle);
+}
+
+uint64_t liveHandleCount() {
+  return sessions().size() + locks().size() + channelSpecs().size() + taskSpecs().size();
 }
 
 uint64_t addChannelSpec(std::shared_ptr<ChannelSpec> definition) { return channelSpecs().add(std::move(definition)); }

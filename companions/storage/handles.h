@@ -81,6 +81,9 @@ auto writeWith(uint64_t handle, F&& body) {
   }
 }
 
+// Sessions, locks and specifications not yet released: what a caller holds open.
+uint64_t liveHandleCount();
+
 // Specifications: copies in memory, owned through their handles.
 uint64_t addChannelSpec(std::shared_ptr<ChannelSpec> definition);
 uint64_t addTaskSpec(std::shared_ptr<TaskSpec> definition);

@@ -21,9 +21,10 @@ struct MemoryStores {
   uint64_t next = 1;
 };
 
+// Lives as long as the library, like the handle tables: an unload closes the memory stores.
 MemoryStores& memoryStores() {
-  static auto* stores = new MemoryStores;  // never destroyed: sessions may outlive static teardown
-  return *stores;
+  static MemoryStores stores;
+  return stores;
 }
 
 }  // namespace

@@ -73,14 +73,18 @@ void useSelectionStore() {
 
 void useEmptyStore() { useFreshStore("selection_empty"); }
 
-std::unique_ptr<zqvorexRedir::TaskPluginSelector> makeSelector(std::shared_ptr<FakeToggles> toggles) {
+const zqvorexStorageCpp::StorageBindings& selectionBindings() {
   static const zqvorexStorageCpp::StorageBindings bindings = [] {
     zqerr::Status status;
     auto bound = zqvorexStorageCpp::bindStorage(zqvorexStorageCpp::kStorageLibrary, &status);
     EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
     return bound;
   }();
-  return std::make_unique<zqvorexRedir::TaskPluginSelector>(bindings, std::move(toggles));
+  return bindings;
+}
+
+std::unique_ptr<zqvorexRedir::TaskPluginSelector> makeSelector(std::shared_ptr<FakeToggles> toggles) {
+  return std::make_unique<zqvorexRedir::TaskPluginSelector>(selectionBindings(), std::move(toggles));
 }
 
 }  // namespace zqtest

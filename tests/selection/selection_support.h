@@ -37,7 +37,9 @@ class FakeToggles final : public zqvorexRedir::IToggleReader {
   bool debugSession_;
 };
 
-// A selector over the companion storage library, bound once per process.
+// The companion storage library, bound once per process.
+const zqvorexStorageCpp::StorageBindings& selectionBindings();
+// A selector over those bindings.
 std::unique_ptr<zqvorexRedir::TaskPluginSelector> makeSelector(std::shared_ptr<FakeToggles> toggles);
 
 // What an out-parameter holds when the operation did not write it.
