@@ -65,6 +65,13 @@ void TlsManager::releaseAll() {
   }
 }
 
+size_t TlsManager::recordCount() {
+  std::lock_guard<zqplatform::SlimLock> lock(listLock_);
+  size_t count = 0;
+  for (const ExtendedErrorInfo* record = records_.next; record != &records_; record = record->next) ++count;
+  return count;
+}
+
 TlsManager& tlsManager() {
   static TlsManager manager;
   return manager;

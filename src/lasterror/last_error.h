@@ -2,6 +2,7 @@
 // process-wide manager, and the recorder that every exported call ends with.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "platform/platform.h"
@@ -36,6 +37,8 @@ class TlsManager final : public IExtendedErrorInfoManager {
   void releaseThreadRecord();
   // Library unload: frees the slot and every record still alive.
   void releaseAll();
+  // How many records are alive, for the checks of their ends.
+  size_t recordCount();
 
  private:
   void unlink(ExtendedErrorInfo* record);

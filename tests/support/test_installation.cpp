@@ -22,6 +22,8 @@ TestInstallation::TestInstallation(const std::string& name, std::initializer_lis
                       folder_.text());
   for (const char* library : libraries) folder_.install(library);
   store_ = (std::filesystem::path(folder_.text()) / "store.db").string();
+  std::error_code ignored;  // a run that was cut off may have left its store behind
+  for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(store_ + suffix, ignored);
   setVariable("ZQCAI_STORAGE_FILE", store_);
 }
 

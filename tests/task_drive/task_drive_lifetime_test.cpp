@@ -3,6 +3,7 @@
 // order in which plug-in objects and the library go.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <future>
 #include <vector>
@@ -56,8 +57,13 @@ struct EventCase {
   zqvorexPlugin_EventToken (*registerOn)(Task& task, zqerr_Status* status);
 };
 
-// The event objects are only carried to the plug-in, which never calls them here.
-int eventObject;
+// An event object that the plug-in holds and never fires here: it counts the references the
+// plug-in takes and gives back.
+std::atomic<int> eventReferences{0};
+uint32_t addReference(zqgopher_IEventBase*) { return static_cast<uint32_t>(++eventReferences); }
+uint32_t releaseReference(zqgopher_IEventBase*) { return static_cast<uint32_t>(--eventReferences); }
+const zqgopher_IEventBaseTable kCountingTable{&addReference, &releaseReference, nullptr, nullptr, nullptr, nullptr};
+zqgopher_IEventBase eventObject{&kCountingTable};
 
 const EventCase kEventCases[] = {
     {"done", 12576,
@@ -98,8 +104,10 @@ TEST_F(TaskDrive, EventTokensComeFromThePluginAndGoBackToIt) {
     EXPECT_TRUE(task->getEvents(12580, &status).empty());
     task->unregisterEvent(2, &status);
     EXPECT_EQ(status.code, zqtestDrive_kUnknownTokenCode) << "the plug-in no longer knows the token";
+    EXPECT_EQ(eventReferences.load(), 2) << "the plug-in holds the two objects still registered";
   }
   EXPECT_EQ(drive.counter(zqtestDrive_eventsUnregistered), unregisteredBefore + 2);
+  EXPECT_EQ(eventReferences.load(), 0) << "the plug-in let go of every object with its task";
 }
 
 // The plug-in task goes before its context, and the library unloads only when neither the
