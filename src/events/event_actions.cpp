@@ -16,16 +16,17 @@ std::shared_ptr<ICTaskEventsList> eventsList() noexcept {
   }
 }
 
-// Runs `callback` as a delivery of the task's event, unless the task is stopping or gone.
+// Runs `callback` as a delivery of the task's event; false, and nothing runs, when the task is
+// stopping or gone.
 template <class Callback>
-void deliverIfWanted(const zqgopher::RefCountedAction& action, TaskHandle task, Callback&& callback) noexcept {
-  if (action.retired()) return;
-  auto list = eventsList();
-  if (!list) return;
+bool deliverIfWanted(ICTaskEventsList& list, const zqgopher::RefCountedAction& action, TaskHandle task,
+                     Callback&& callback) noexcept {
+  if (action.retired()) return false;
   Delivery delivery;
-  if (!list->beginDelivery(task, delivery)) return;
+  if (!list.beginDelivery(task, delivery)) return false;
   callback();
-  list->endDelivery(delivery);
+  list.endDelivery(delivery);
+  return true;
 }
 
 // Queues `message` for the registering thread with a reference to the action, which the
@@ -37,18 +38,20 @@ void post(Action& action, uint32_t message, intptr_t value) {
     action.release();
 }
 
-// `count` occurrences, the mark looked at before each.
+// `count` occurrences, the mark looked at before each (a direct delivery looks at it when it
+// begins).
 template <class Action>
 void fireRepeatedly(Action& action, uint32_t message, uint32_t count) noexcept {
   if (count == 0 || action.retired()) return;
   auto list = eventsList();
   if (!list) return;
   for (uint32_t i = 0; i < count; ++i) {
-    if (list->isMarked(action.task)) return;
-    if (action.direct)
-      action.deliver();
-    else
+    if (action.direct) {
+      if (!action.deliver(*list)) return;
+    } else {
+      if (list->isMarked(action.task)) return;
       post(action, message, static_cast<intptr_t>(action.eventType));
+    }
   }
 }
 
@@ -90,15 +93,15 @@ CcaiDoneEventAction::CcaiDoneEventAction(const ActionTarget& target, VorexDoneEv
 void CcaiDoneEventAction::fire(int32_t taskStatusCode) noexcept {
   if (retired()) return;
   auto list = eventsList();
-  if (!list || list->isMarked(task)) return;
+  if (!list) return;
   if (direct)
-    deliver(taskStatusCode);
-  else
+    deliver(*list, taskStatusCode);
+  else if (!list->isMarked(task))
     post(*this, kMessageDone, taskStatusCode);
 }
 
-void CcaiDoneEventAction::deliver(int32_t taskStatusCode) noexcept {
-  deliverIfWanted(*this, task, [&] {
+bool CcaiDoneEventAction::deliver(ICTaskEventsList& list, int32_t taskStatusCode) noexcept {
+  return deliverIfWanted(list, *this, task, [&] {
     recordDoneStatus(task, taskStatusCode);
     if (callback) callback(task, taskStatusCode, callbackData);
   });
@@ -119,8 +122,8 @@ CcaiEveryNSamplesEventAction::CcaiEveryNSamplesEventAction(const ActionTarget& t
 
 void CcaiEveryNSamplesEventAction::fire(uint32_t count) noexcept { fireRepeatedly(*this, kMessageEveryNSamples, count); }
 
-void CcaiEveryNSamplesEventAction::deliver() noexcept {
-  deliverIfWanted(*this, task, [&] {
+bool CcaiEveryNSamplesEventAction::deliver(ICTaskEventsList& list) noexcept {
+  return deliverIfWanted(list, *this, task, [&] {
     if (callback) callback(task, static_cast<int32>(eventType), nSamples, callbackData);
   });
 }
@@ -138,34 +141,38 @@ CcaiSignalEventAction::CcaiSignalEventAction(const ActionTarget& target, uint32_
 
 void CcaiSignalEventAction::fire(uint32_t count) noexcept { fireRepeatedly(*this, kMessageSignal, count); }
 
-void CcaiSignalEventAction::deliver() noexcept {
-  deliverIfWanted(*this, task, [&] {
+bool CcaiSignalEventAction::deliver(ICTaskEventsList& list) noexcept {
+  return deliverIfWanted(list, *this, task, [&] {
     if (callback) callback(task, static_cast<int32>(eventType), callbackData);
   });
 }
+
+namespace {
+
+// A queued event's action: its callback runs when the task still wants it, and the message's
+// reference goes in any case.
+template <class Action, class... Value>
+void handleQueued(uintptr_t wParam, Value... value) noexcept {
+  auto* action = reinterpret_cast<Action*>(wParam);
+  if (auto list = eventsList()) action->deliver(*list, value...);
+  action->release();
+}
+
+}  // namespace
 
 bool handleEventMessage(uint32_t message, uintptr_t wParam, intptr_t lParam) noexcept {
   switch (message) {
     case kMessageDestroy:
       return true;
-    case kMessageDone: {
-      auto* action = reinterpret_cast<CcaiDoneEventAction*>(wParam);
-      action->deliver(static_cast<int32_t>(lParam));
-      action->release();
+    case kMessageDone:
+      handleQueued<CcaiDoneEventAction>(wParam, static_cast<int32_t>(lParam));
       return true;
-    }
-    case kMessageEveryNSamples: {
-      auto* action = reinterpret_cast<CcaiEveryNSamplesEventAction*>(wParam);
-      action->deliver();
-      action->release();
+    case kMessageEveryNSamples:
+      handleQueued<CcaiEveryNSamplesEventAction>(wParam);
       return true;
-    }
-    case kMessageSignal: {
-      auto* action = reinterpret_cast<CcaiSignalEventAction*>(wParam);
-      action->deliver();
-      action->release();
+    case kMessageSignal:
+      handleQueued<CcaiSignalEventAction>(wParam);
       return true;
-    }
     case kMessageFlush:
       if (auto list = eventsList()) list->clearMark(reinterpret_cast<TaskHandle>(wParam));
       return true;

@@ -44,8 +44,8 @@ class CcaiDoneEventAction final : public zqgopher::EventDoneAction {
  public:
   CcaiDoneEventAction(const ActionTarget& target, VorexDoneEventCallbackPtr callback);
   void fire(int32_t taskStatusCode) noexcept override;
-  // Runs the callback now, on this thread, unless the task is stopping.
-  void deliver(int32_t taskStatusCode) noexcept;
+  // Runs the callback now, on this thread, unless the task is stopping or gone: false then.
+  bool deliver(ICTaskEventsList& list, int32_t taskStatusCode) noexcept;
 
   TaskHandle task;
   VorexDoneEventCallbackPtr callback;
@@ -63,7 +63,7 @@ class CcaiEveryNSamplesEventAction final : public zqgopher::EventEveryNSamplesAc
   CcaiEveryNSamplesEventAction(const ActionTarget& target, uint32_t eventType,
                                VorexEveryNSamplesEventCallbackPtr callback, uint32_t nSamples);
   void fire(uint32_t count) noexcept override;
-  void deliver() noexcept;
+  bool deliver(ICTaskEventsList& list) noexcept;
 
   TaskHandle task;
   uint32_t eventType;
@@ -82,7 +82,7 @@ class CcaiSignalEventAction final : public zqgopher::EventSignalAction {
  public:
   CcaiSignalEventAction(const ActionTarget& target, uint32_t signalId, VorexSignalEventCallbackPtr callback);
   void fire(uint32_t count) noexcept override;
-  void deliver() noexcept;
+  bool deliver(ICTaskEventsList& list) noexcept;
 
   TaskHandle task;
   uint32_t eventType;  // the signal id

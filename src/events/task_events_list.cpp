@@ -100,12 +100,14 @@ bool CTaskEventsList::beginDelivery(TaskHandle task, Delivery& delivery) {
 }
 
 void CTaskEventsList::endDelivery(Delivery& delivery) {
+  bool awaited;
   {
     std::lock_guard<zqplatform::SlimLock> held(markedLock_);
     delivery.previous->next = delivery.next;
     delivery.next->previous = delivery.previous;
+    awaited = awaiting_ != 0;
   }
-  delivered_.notify_all();
+  if (awaited) delivered_.notify_all();  // a stop or clear waits: rare, so the common end is cheap
 }
 
 bool CTaskEventsList::deliveringElsewhere(TaskHandle task, uint32_t thread) const {
@@ -117,7 +119,9 @@ bool CTaskEventsList::deliveringElsewhere(TaskHandle task, uint32_t thread) cons
 void CTaskEventsList::awaitDeliveries(TaskHandle task) {
   const uint32_t self = zqplatform::currentThreadId();
   std::unique_lock<zqplatform::SlimLock> held(markedLock_);
+  ++awaiting_;
   delivered_.wait(held, [&] { return !deliveringElsewhere(task, self); });
+  --awaiting_;
 }
 
 }  // namespace nZQCAI100

@@ -85,6 +85,7 @@ class CTaskEventsList final : public ICTaskEventsList {
   std::map<TaskHandle, TaskEventRecord> registrations_;
   zqplatform::SlimLock registrationsLock_;
   Delivery deliveries_;  // sentinel of the running callbacks, guarded by markedLock_
+  uint32_t awaiting_ = 0;  // stops and clears waiting for them, guarded by markedLock_
   std::condition_variable_any delivered_;
   std::multimap<TaskHandle, zqgopher::RefCountedAction*> actions_;
   zqplatform::SlimLock actionsLock_;

@@ -64,7 +64,7 @@ bool bindTool() {
 void turnOffForGood() {
   zqerr::FixedStatus local = zqerr::makeFixedStatus();
   zqerr::setFixed(&local, zqsite::kTracingToolAbsent);
-  gSwitch.store(&detail::gConstantOff, std::memory_order_relaxed);
+  gSwitch.store(&detail::gConstantOff, std::memory_order_release);
 }
 
 // Steps 2 to 4 of start-up, under the lock.
@@ -82,7 +82,7 @@ void resolveTool() {
     turnOffForGood();
   } else if (zqspy::hasModeWord(major, minor)) {
     uint32_t* word = gBinding.modeLocation ? gBinding.modeLocation() : nullptr;
-    gSwitch.store(word ? word : &detail::gConstantOff, std::memory_order_relaxed);
+    gSwitch.store(word ? word : &detail::gConstantOff, std::memory_order_release);
   }
   // An older tool leaves the switch on the constant 1: every call is traced.
 }

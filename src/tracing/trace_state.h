@@ -21,7 +21,8 @@ namespace detail {
 extern std::atomic<uint32_t*> gSwitch;
 
 inline bool switchOn() noexcept {
-  return std::atomic_ref<uint32_t>(*gSwitch.load(std::memory_order_relaxed)).load(std::memory_order_relaxed) != 0;
+  // Acquire: the word a new pointer names was written before the pointer was published.
+  return std::atomic_ref<uint32_t>(*gSwitch.load(std::memory_order_acquire)).load(std::memory_order_relaxed) != 0;
 }
 
 // Steps 2 and 3 of the opening, once the switch was found on: start-up if it has not run,

@@ -68,11 +68,16 @@ typedef void (*zqtestDrive_testSetChannelFailCode_fn)(int32_t code);
  * first (a guard against a hang, not a measure of time). */
 typedef int32_t (*zqtestDrive_testAwaitBlockedReads_fn)(uint32_t count, uint32_t limitMs);
 typedef int64_t (*zqtestDrive_testCounter_fn)(int32_t counter);
+/* Ends the reads blocked in the named task as its abort would, from the plug-in's side. */
+typedef void (*zqtestDrive_testEndBlockedReads_fn)(const char* taskName);
 /* Fires, from a new thread of the plug-in, every registered event `eventId` (12576 done, 12580,
  * 12581, 12575 signal, 0 any) of the named task: every N samples and signals `times` times
  * each, done once with `code`. Returns once all fired: the number of events, -1 for no such
  * task. */
 typedef int32_t (*zqtestDrive_testFire_fn)(const char* taskName, int32_t eventId, uint32_t times, int32_t code);
+/* The first registered event `eventId` of the named task, with a reference for the caller, who
+ * may fire it as the plug-in would and must release it; null when there is none. */
+typedef void* (*zqtestDrive_testTakeEvent_fn)(const char* taskName, int32_t eventId);
 /* A thread of the plug-in fires every event of every live task over and over (on != 0), or
  * stops and is joined. */
 typedef void (*zqtestDrive_testFireStorm_fn)(int32_t on);

@@ -42,13 +42,15 @@ class EventQueue {
   EventQueue& operator=(const EventQueue&) = delete;
 
   bool post(const Message& message) {
+    bool idle;
     {
       std::lock_guard<std::mutex> held(mutex_);
       if (closed_ || size_ == kQueueDepth) return false;
       (*ring_)[(head_ + size_) % kQueueDepth] = message;
       ++size_;
+      idle = idle_;
     }
-    ready_.notify_one();
+    if (idle) ready_.notify_one();  // a busy delivery thread finds the message on its own
     return true;
   }
 
@@ -87,7 +89,9 @@ class EventQueue {
     tServed = this;
     std::unique_lock<std::mutex> held(mutex_);
     for (;;) {
+      idle_ = true;
       ready_.wait(held, [this] { return closed_ || size_ > 0; });
+      idle_ = false;
       if (closed_) break;
       Message next = (*ring_)[head_];
       head_ = (head_ + 1) % kQueueDepth;
@@ -106,6 +110,7 @@ class EventQueue {
   size_t head_ = 0;
   size_t size_ = 0;
   bool closed_ = false;
+  bool idle_ = false;  // the delivery thread waits for a message
   std::thread thread_;  // last: it starts once everything above is ready
 };
 

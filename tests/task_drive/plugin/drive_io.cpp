@@ -25,6 +25,15 @@ uint32_t waitForAbort(DriveTask& record, std::unique_lock<std::mutex>& guard, zq
 }
 
 
+void endBlockedReads(DriveTask& record) {
+  {
+    std::lock_guard<std::mutex> guard(record.mutex);
+    ++record.abortGeneration;
+    count(zqtestDrive_aborts);
+  }
+  record.aborted.notify_all();
+}
+
 }  // namespace
 
 extern "C" {
@@ -58,13 +67,11 @@ ZQ_NATIVE_EXPORT uint32_t zqtestDrive_readScaledVectorF64(zqvorexPlugin_Task_und
 
 ZQ_NATIVE_EXPORT void zqtestDrive_abortTask(zqvorexPlugin_Task_undefined* task, zqerr_Status* status) {
   if (!isOpen(status)) return;
-  DriveTask& record = *asTask(task);
-  {
-    std::lock_guard<std::mutex> guard(record.mutex);
-    ++record.abortGeneration;
-    count(zqtestDrive_aborts);
-  }
-  record.aborted.notify_all();
+  endBlockedReads(*asTask(task));
+}
+
+ZQ_NATIVE_EXPORT void zqtestDrive_testEndBlockedReads(const char* taskName) {
+  forEachTaskNamed(taskName ? taskName : "", [](DriveTask& task) { endBlockedReads(task); });
 }
 
 }  // extern "C"
@@ -72,3 +79,4 @@ ZQ_NATIVE_EXPORT void zqtestDrive_abortTask(zqvorexPlugin_Task_undefined* task, 
 static_assert(
     std::is_same_v<decltype(&zqtestDrive_readScaledVectorF64), zqvorexPlugin_readScaledVectorF64_fn>);
 static_assert(std::is_same_v<decltype(&zqtestDrive_abortTask), zqvorexPlugin_abortTask_fn>);
+static_assert(std::is_same_v<decltype(&zqtestDrive_testEndBlockedReads), zqtestDrive_testEndBlockedReads_fn>);

@@ -70,6 +70,12 @@ void leaveTask(DriveTask* task) {
   liveTasks.erase(task);
 }
 
+void forEachTaskNamed(const std::string& taskName, void (*work)(DriveTask& task)) {
+  std::lock_guard<std::mutex> guard(tasksMutex);
+  for (DriveTask* task : liveTasks)
+    if (task->name == taskName) work(*task);
+}
+
 std::vector<DriveEvent> takeEvents(const std::string& taskName, int32_t eventId, bool* found) {
   std::vector<DriveEvent> taken;
   std::lock_guard<std::mutex> guard(tasksMutex);

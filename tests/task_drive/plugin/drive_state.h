@@ -61,6 +61,8 @@ void leaveTask(DriveTask* task);
 // The events of `eventId` (0: of any id) of the named task (empty name: of every live task),
 // each with a reference taken. `found` tells whether the named task lives.
 std::vector<DriveEvent> takeEvents(const std::string& taskName, int32_t eventId, bool* found = nullptr);
+// Runs `work` on each live task of that name, under the list's lock.
+void forEachTaskNamed(const std::string& taskName, void (*work)(DriveTask& task));
 // Takes an event object's reference back.
 void releaseEvent(const DriveEvent& event);
 // Fires `event` `count` times (done: once, with `code`).
