@@ -69,4 +69,8 @@ std::shared_ptr<IExtendedErrorInfoManager> getTlsManager(zqerr_Status* status) {
 
 std::shared_ptr<ITaskPool> getTaskPool(zqerr_Status* status) { return getField(&SharedGlobals::taskPool, status); }
 
+std::shared_ptr<zqqxl::ThreadSafeQxlWrapper> getTranslator(zqerr_Status* status) {
+  return getField(&SharedGlobals::translator, status);
+}
+
 }  // namespace nZQCAI100
