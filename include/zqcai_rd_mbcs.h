@@ -30,6 +30,9 @@ typedef double float64;
 /* The write functions. */
 #include "zqcai_rd_mbcs_write.h"
 
+/* The error text functions. */
+#include "zqcai_rd_mbcs_errortext.h"
+
 #ifdef __cplusplus
 }
 #endif
