@@ -58,18 +58,6 @@ void failWithTaskNameText(const char* name) {
   ZQ_FAIL(&status, kGlobalsNullHandle);
 }
 
-TEST(ErrorString, EveryCodeOfTheStatusTableHasItsOwnEnglishText) {
-#define ZQTEST_CODE(code, constant, report, from)                 \
-  {                                                                \
-    const std::string text = codeText(code);                       \
-    EXPECT_FALSE(text.empty()) << constant;                        \
-    EXPECT_NE(text, kSubstituteText) << constant;                  \
-    EXPECT_EQ(text.find('\n'), std::string::npos) << constant;     \
-  }
-  ZQVOREX_STATUS_CODES(ZQTEST_CODE)
-#undef ZQTEST_CODE
-}
-
 TEST(ErrorString, AnUnknownCodeGetsTheSubstituteAndCodeZeroNothing) {
   EXPECT_EQ(codeText(-123456), kSubstituteText);
   EXPECT_EQ(codeText(0), "");

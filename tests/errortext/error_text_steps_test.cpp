@@ -128,40 +128,4 @@ TEST_P(Repair, GivesTheCallerTextAndNoFailure) {
 INSTANTIATE_TEST_SUITE_P(Cases, Repair, testing::ValuesIn(kRepairs),
                          [](const auto& info) { return std::string(info.param.name); });
 
-TEST(CopyToCaller, FollowsTheBufferProtocol) {
-  const std::string text = "Twelve bytes";
-  bool sizeQuery = false;
-  zqerr::Status status;
-  EXPECT_EQ(zqerrortext::copyTextToCaller(text, nullptr, 100, &sizeQuery, &status), 13);
-  EXPECT_TRUE(sizeQuery);
-  char buffer[16];
-  sizeQuery = false;
-  std::memset(buffer, 'z', sizeof buffer);
-  EXPECT_EQ(zqerrortext::copyTextToCaller(text, buffer, 0, &sizeQuery, &status), 13);
-  EXPECT_EQ(buffer[0], 'z') << "a size query writes nothing";
-  sizeQuery = false;
-  EXPECT_EQ(zqerrortext::copyTextToCaller(text, buffer, 13, &sizeQuery, &status), 0);
-  EXPECT_FALSE(sizeQuery);
-  EXPECT_STREQ(buffer, "Twelve bytes");
-  EXPECT_EQ(status.code, 0);
-  EXPECT_EQ(zqerrortext::copyTextToCaller(text, buffer, 12, &sizeQuery, &status), 0);
-  EXPECT_STREQ(buffer, "Twelve byte");
-  EXPECT_EQ(status.code, 200026);
-  EXPECT_EQ(reportAt(status.report, {"error_constant"}), "nZQMSTS::kWarningStringTruncatedToFitBuffer");
-  zqerr::Status one;
-  EXPECT_EQ(zqerrortext::copyTextToCaller(text, buffer, 1, &sizeQuery, &one), 0);
-  EXPECT_STREQ(buffer, "");
-  EXPECT_EQ(one.code, 200026);
-}
-
-TEST(CopyToCaller, AnEmptyTextNeedsNoRoom) {
-  bool sizeQuery = false;
-  zqerr::Status status;
-  EXPECT_EQ(zqerrortext::copyTextToCaller("", nullptr, 0, &sizeQuery, &status), 0);
-  char buffer[4] = "abc";
-  EXPECT_EQ(zqerrortext::copyTextToCaller("", buffer, 4, &sizeQuery, &status), 0);
-  EXPECT_STREQ(buffer, "");
-  EXPECT_EQ(status.code, 0);
-}
-
 }  // namespace

@@ -32,10 +32,4 @@ TEST(Zqerror, PrintsTheNamesAndTheTextOfEachCode) {
   EXPECT_NE(run.out.find("200026  nZQMSTS::kWarningStringTruncatedToFitBuffer\nThe text was cut"), std::string::npos);
 }
 
-TEST(Zqerror, RefusesABadCommandLine) {
-  EXPECT_NE(zqerror("").status, 0);
-  EXPECT_NE(zqerror("twelve").status, 0);
-  EXPECT_NE(zqerror("--language").status, 0);
-}
-
 }  // namespace

@@ -67,13 +67,6 @@ TEST_F(DefaultTranslator, ACodeWithoutTextIsReportedWithItsRequest) {
   EXPECT_EQ(reportAt(status_.report, {"zqxlator_debug", "ade"}), "3");
 }
 
-TEST_F(DefaultTranslator, TextComesFromTheLanguagesEncodingAsUtf8) {
-  folders_.write("German/g.txt", explanationFile(entry(1, "Gr\xF6\xDF" "e")));
-  EXPECT_EQ(describe(1, kGerman), "Gr\xC3\xB6\xC3\x9F" "e");
-  folders_.write("English/e.txt", explanationFile(entry(2, "plain")));
-  EXPECT_EQ(describe(2, kEnglish), "plain");
-}
-
 TEST_F(DefaultTranslator, WithoutTheSharedFolderThereIsNoText) {
   zqtest::ScratchRegistry empty(zqtest::ScratchRegistry::Scope::kPrivate);
   EXPECT_EQ(describe(1, kEnglish), "<null>");

@@ -23,10 +23,8 @@ class ExplanationFolders {
   // Copies every file of `folder` into errors/<relative>.
   void copyFolder(const std::string& folder, const std::string& relative) const;
   void removeFolder(const std::string& relative) const;
-  // The shared folder and the base of the search, as the library builds it: "<shared>\errors".
-  std::filesystem::path root() const { return root_; }
+  // The base of the search, as the library builds it: "<shared folder>\errors".
   std::string base() const;
-  ScratchRegistry& registry() { return registry_; }
 
  private:
   ScratchRegistry registry_{ScratchRegistry::Scope::kPrivate};

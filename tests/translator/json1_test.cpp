@@ -58,8 +58,6 @@ const std::string kTwoItems = R"(,"test_dynamic":{"dynamic":[{"key":"K1","value"
 
 const LayoutCase kLayouts[] = {
     {"static_empty_line_and_items", tested(kTwoItems), kStatic | kDynamic, "Static -5\n\nK1: V1\nK2: a, b"},
-    {"items_alone", tested(kTwoItems), kDynamic, "K1: V1\nK2: a, b"},
-    {"static_alone", tested(kTwoItems), kStatic, "Static -5"},
     {"debug_items_behind_an_empty_line", tested(kTwoItems), kStatic | kDynamic | kDebug,
      "Static -5\n\nK1: V1\nK2: a, b\n\nFile: f.cpp\nLine: 12"},
     {"elaboration_item_runs_on",
@@ -68,8 +66,6 @@ const LayoutCase kLayouts[] = {
     {"item_without_key_or_value_is_an_empty_line",
      tested(R"(,"test_dynamic":{"dynamic":[{"key":"A","value":"1"},{},{"key":"B","value":"2"}]})"),
      kStatic | kDynamic, "Static -5\n\nA: 1\n\nB: 2"},
-    {"value_without_key", tested(R"(,"test_dynamic":{"dynamic":[{"value":"only"},{"key":"","value":"v"}]})"),
-     kStatic | kDynamic, "Static -5\n\nonly\nv"},
     {"escaped_texts_are_expanded", tested(R"(,"test_dynamic":{"dynamic":[{"key":"Tab\tQuote\"","value":"\u00e9"}]})"),
      kDynamic, "Tab\tQuote\": \xC3\xA9"},
     {"key_written_with_an_escape_still_matches",
@@ -85,8 +81,6 @@ const LayoutCase kLayouts[] = {
      tested(R"(,"nested_error":[{"translator":"qxlator_test","code":-6,"test_dynamic":{"dynamic":[{"key":"K","value":"V"}]}},)"
             R"({"translator":"qxlator_test","code":-8}])"),
      kStatic | kNested, "Static -5\n\n   Static -6\n   \n   K: V\n\n   Static -8"},
-    {"nested_without_the_flag", tested(R"(,"nested_error":{"translator":"qxlator_test","code":-6})"), kStatic,
-     "Static -5"},
     {"empty_nested_array", tested(R"(,"nested_error":[])"), kStatic | kNested, "Static -5"},
 };
 

@@ -117,15 +117,4 @@ TEST_F(TranslatorSession, EndingTheSessionEndsItsTranslatorsAndTheLibrarysSessio
   zqplatform::freeLibrary(held);
 }
 
-TEST_F(TranslatorSession, DescriptionsComeFromTheSessionsAllocator) {
-  std::unique_ptr<char, decltype(&std::free)> text(session_->getStaticDesc(-5, "qxlator_test", 0x200, &status_),
-                                                    &std::free);
-  ASSERT_NE(text, nullptr) << status_.report;
-  EXPECT_STREQ(text.get(), "Static -5");
-  void* grown = Session::reallocate(text.release(), 4096, nullptr, &status_);
-  ASSERT_NE(grown, nullptr);
-  EXPECT_EQ(Session::reallocate(grown, 0, nullptr, &status_), nullptr);
-  EXPECT_EQ(status_.code, 0);
-}
-
 }  // namespace

@@ -61,14 +61,6 @@ class Wrapper : public zqtest::TranslatorTest {
   zqqxl::ThreadSafeQxlWrapper wrapper_{&made_};
 };
 
-TEST_F(Wrapper, ACodeOfZeroMakesNoText) {
-  EXPECT_EQ(translate(0, R"({"translator":"qxlator_test"})", 0x200, 3), "");
-  gAsked.clear();
-  EXPECT_EQ(translate(0, "{}", 0x200, 3, &failingFormatter), "");
-  EXPECT_TRUE(gAsked.empty());
-  EXPECT_EQ(status_.code, 0);
-}
-
 TEST_F(Wrapper, EachRungAsksForLessUntilOnlyTheBareCodeIsLeft) {
   gAsked.clear();
   const std::string report = R"({"translator":"qxlator_test"})";
@@ -138,18 +130,6 @@ TEST_F(Wrapper, WithoutTheTranslatorLibraryTheDefaultTranslatorStillAnswers) {
     EXPECT_EQ(reportAt(session->loadStatus().report, {"zqdynlib_debug", "debug"}), "failed to zqdynlib_load library");
     EXPECT_FALSE(session->libraryLoaded());
   });
-}
-
-TEST_F(Wrapper, TheStringFormThrowsAFailureThatOutlivesTheLadder) {
-  folders_.write("English/e.txt", explanationFile(entry(-5, "Described.")));
-  Input described(-5, "{}");
-  std::string text;
-  wrapper_.translateToRawString(described.status, 0x200, 1, &text);
-  EXPECT_EQ(text, "Described.");
-  Input unknown(-6, "{}");
-  EXPECT_THROW(wrapper_.translateToRawString(unknown.status, 0x200, 1, &text), zqerr::Exception);
-  EXPECT_EQ(wrapper_.passCode1(7), 7u);
-  EXPECT_EQ(wrapper_.passCode2(9), 9u);
 }
 
 }  // namespace

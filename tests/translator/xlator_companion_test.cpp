@@ -98,15 +98,6 @@ TEST_F(ZqvorexTranslator, TellsWhereTheFailureWasRaisedInItsDebugLines) {
   EXPECT_EQ(status_.code, 0) << status_.report;
 }
 
-TEST_F(ZqvorexTranslator, ItsStaticTextIsTheDefaultTranslatorsText) {
-  zqerr::Status named;
-  ASSERT_TRUE(ZQ_FAIL(&named, kGlobalsNullHandle));
-  zqerr::openOrderedData(&named, zqerr::kTranslatorZqvorex);
-  EXPECT_EQ(translate(named, 1), describe(-200230));
-  EXPECT_NE(describe(-200230), "");
-  wrapper_.withSession([](zqxlator::Session* session) { EXPECT_TRUE(session->libraryLoaded()); });
-}
-
 TEST_F(ZqvorexTranslator, RefusesTranslatorsItDoesNotMake) {
   wrapper_.withSession([this](zqxlator::Session* session) {
     EXPECT_EQ(session->findTranslator("qxlator_other", &status_), nullptr);
