@@ -39,6 +39,9 @@ typedef double float64;
 /* The elements of a task's lists by number. */
 #include "zqcai_rd_mbcs_utilities.h"
 
+/* The error text functions. */
+#include "zqcai_rd_mbcs_errortext.h"
+
 #ifdef __cplusplus
 }
 #endif

@@ -5,6 +5,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <string>
 
 #include "native_lock.h"  // from the backend folder: SlimLock and CriticalSection
 
@@ -119,6 +121,9 @@ uint32_t regQueryValue(RegistryKey key, const char16_t* valueName, uint32_t* typ
                        uint32_t* size);
 uint32_t regCloseKey(RegistryKey key);
 
+// RegQueryValueExA: as regQueryValue, with the name and string data in the system code page.
+uint32_t regQueryValueNarrow(RegistryKey key, const char* valueName, uint32_t* type, void* data, uint32_t* size);
+
 inline constexpr int32_t kCsidlSystem = 0x25;
 inline constexpr size_t kMaxPath = 260;
 // SHGetFolderPathW(null, csidl, null, 0, path): `path` holds kMaxPath units and receives the
@@ -163,5 +168,32 @@ bool postEventMessage(EventWindow window, uint32_t message, uintptr_t wParam, in
 uint32_t eventThreadId();
 // On a Linux delivery thread, the window it serves; null elsewhere.
 EventWindow servedEventWindow();
+
+// === folders and files ======================================================================
+// FindFirstFileW / FindNextFileW over the entries of a folder, in the order the system lists
+// them, "." and ".." included. Paths are UTF-8; either separator may be used.
+struct FolderEntry {
+  std::string name;  // UTF-8
+  bool regularFile = false;
+};
+class FolderListing;
+enum class ListingStep { kEntry, kEnd, kLost };
+
+// Null when the listing cannot start: no such folder, not a folder, no access.
+FolderListing* openFolderListing(const char* folder);
+// The next entry; kLost when the listing broke off before its end.
+ListingStep nextFolderEntry(FolderListing* listing, FolderEntry* entry);
+void closeFolderListing(FolderListing* listing);
+
+// _wfsopen(path, "rt", _SH_DENYNO): a file opened to read text while others may read and write
+// it. Null on failure.
+std::FILE* openTextFileForReading(const char* path);
+
+// The C runtime's text of an errno value, the value numbered as the Windows C runtime numbers
+// them, into `buffer` (zero-terminated, cut to fit); the length written.
+inline constexpr int kCrtEnoent = 2;
+inline constexpr int kCrtEinval = 22;
+inline constexpr int kCrtEnametoolong = 38;
+size_t crtErrorText(int crtErrno, char* buffer, size_t size);
 
 }  // namespace zqplatform

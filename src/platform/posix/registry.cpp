@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <memory>
@@ -136,6 +137,37 @@ uint32_t regQueryValue(RegistryKey key, const char16_t* valueName, uint32_t* typ
     return kErrorSuccess;
   }
   return kErrorFileNotFound;
+}
+
+// The wide value, with its strings taken to the system code page as the narrow query gives them.
+uint32_t regQueryValueNarrow(RegistryKey key, const char* valueName, uint32_t* type, void* data, uint32_t* size) {
+  if (data && !size) return kErrorInvalidParameter;
+  std::u16string name;
+  if (valueName && *valueName) {
+    int n = multiByteToWide(kCpAcp, 0, valueName, -1, nullptr, 0);
+    if (n <= 0) return kErrorFileNotFound;
+    name.resize(static_cast<size_t>(n));
+    multiByteToWide(kCpAcp, 0, valueName, -1, name.data(), n);
+  }
+  uint32_t valueType = 0, wideSize = 0;
+  if (uint32_t error = regQueryValue(key, name.c_str(), &valueType, nullptr, &wideSize)) return error;
+  std::string bytes(wideSize, '\0');
+  if (uint32_t error = regQueryValue(key, name.c_str(), &valueType, bytes.data(), &wideSize)) return error;
+  if (valueType == kRegSz || valueType == kRegExpandSz || valueType == kRegMultiSz) {
+    std::u16string units(wideSize / 2, u'\0');
+    std::memcpy(units.data(), bytes.data(), units.size() * 2);
+    int n = units.empty() ? 0 : wideToMultiByte(kCpAcp, 0, units.data(), static_cast<int>(units.size()), nullptr, 0);
+    bytes.assign(static_cast<size_t>(n > 0 ? n : 0), '\0');
+    if (n > 0) wideToMultiByte(kCpAcp, 0, units.data(), static_cast<int>(units.size()), bytes.data(), n);
+  }
+  auto needed = static_cast<uint32_t>(bytes.size());
+  if (type) *type = valueType;
+  uint32_t given = size ? *size : 0;
+  if (size) *size = needed;
+  if (!data) return kErrorSuccess;
+  if (given < needed) return kErrorMoreData;
+  std::memcpy(data, bytes.data(), bytes.size());
+  return kErrorSuccess;
 }
 
 uint32_t regCloseKey(RegistryKey key) {
