@@ -8,7 +8,7 @@
 #include "debug/debug_server_factory.h"
 #include "globals/one_time.h"
 #include "globals/shared_factory.h"
-#include "globals/toggle_reader.h"
+#include "globals/toggle_store_reader.h"
 #include "paths/system_paths.h"
 #include "selection/task_plugin_selector.h"
 #include "status/exceptions.h"

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "contexts/context.h"
-#include "pool/task_rollback.h"
+#include "pool/creation_rollback.h"
 #include "task/itask_factory.h"
 
 namespace nZQCAI100 {

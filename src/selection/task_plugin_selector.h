@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "selection/itoggle_reader.h"
 #include "selection/plugin_selector.h"
-#include "selection/toggle_reader.h"
 #include "storage/object_id_list.h"
 #include "storage/storage_binding.h"
 

@@ -1,4 +1,4 @@
-#include "globals/toggle_reader.h"
+#include "globals/toggle_store_reader.h"
 
 #include <gtest/gtest.h>
 

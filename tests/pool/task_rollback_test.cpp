@@ -1,5 +1,5 @@
 #include "test_sites.h"
-#include "pool/task_rollback.h"
+#include "pool/creation_rollback.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "pool/task_rollback.h"
+#include "pool/creation_rollback.h"
 
 #include "status/error_sites.h"
 

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "selection/toggle_reader.h"
+#include "selection/itoggle_reader.h"
 #include "toggles/feature_toggles.h"
 
 namespace nZQCAI100 {
