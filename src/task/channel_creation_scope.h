@@ -1,62 +1,44 @@
-// The scope of one channel creation: holds the task's lock, remembers the plug-in parts as
-// they were, and unless committed puts them back when it closes, so that a failed creation
-// leaves no plug-in, context or device behind.
+// The scope of one channel creation: holds the task's lock, remembers the plug-in parts and the
+// debug objects as they were, and unless committed puts them back when it closes, so that a
+// failed creation leaves no plug-in, context or device behind.
 #pragma once
 
-#include "status/exceptions.h"
-#include "task/task_frame.h"
+#include "task/debug_link.h"
+#include "task/itask.h"
+#include "task/plugin_parts.h"
+#include "task/task_name_sets.h"
 
 namespace zqvorexRedir {
 
-class Task::ChannelCreationScope {
+class ChannelCreationScope {
  public:
-  explicit ChannelCreationScope(Task& task);
+  // Locks `task`, whose parts the others are.
+  ChannelCreationScope(ILockable& task, PluginParts& plugin, TaskNameSets& names, DebugLink& debug);
   ~ChannelCreationScope();
   ChannelCreationScope(const ChannelCreationScope&) = delete;
   ChannelCreationScope& operator=(const ChannelCreationScope&) = delete;
 
   void commit() { committed_ = true; }
+  // What the creation has changed since the scope opened.
+  CreationChanges changes() const;
 
+  // The names the creation added to the task's sets.
   NameSet addedDevices;
   NameSet addedChannels;
-  // The snapshot; after a rollback it holds what the failed attempt made, which goes with the
-  // scope: the plug-in task first, then its context, then the plug-in.
-  std::shared_ptr<Plugin> plugin;
-  PluginContextPtr pluginContext;
-  PluginTaskPtr pluginTask;
-  std::string pluginName;
-  bool debuggable;
-  std::shared_ptr<IDebugServer> debugServer;
-  std::shared_ptr<IDebugTarget> debugTarget;
 
  private:
-  Task& task_;
+  void rollBack();
+
+  ILockable& task_;
+  PluginParts& plugin_;
+  TaskNameSets& names_;
+  DebugLink& debug_;
+  // The snapshot. After a rollback it holds what the failed attempt made, which goes with the
+  // scope once the task is unlocked: the debug objects, then the plug-in task, its context and
+  // the plug-in.
+  PluginSnapshot pluginBefore_;
+  DebugSnapshot debugBefore_;
   bool committed_ = false;
 };
-
-template <class R, class Call>
-R Task::runChannelCreation(zqerr_Status* status, const Text& physicalChannels, Call&& call) {
-  if (!zqerr::isOpen(status)) return R();
-  try {
-    checkControl(true, status);
-    ChannelCreationScope scope(*this);
-    if (!debugAttributes_.isDebugSession()) {
-      attachPhysicalChannels(physicalChannels, scope, status);
-      if (!zqerr::isOpen(status)) return R();
-    }
-    if (refusedBySession(status)) return R();
-    if (!hasPluginParts()) {
-      failNoDevice(status);
-      return R();
-    }
-    call(*plugin_, pluginTask_.get());
-    syncDebugTarget(scope, status);
-    if (zqerr::isOpen(status)) scope.commit();
-    return R();
-  } catch (...) {
-    zqerr::convertCurrentException(status);
-    return R();
-  }
-}
 
 }  // namespace zqvorexRedir

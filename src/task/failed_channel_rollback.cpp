@@ -28,38 +28,33 @@ void Task::rollbackFailedChannelCreationsOwn(const Text& channelNames, zqerr_Sta
       [&] { failNoDevice(status); });
 }
 
+// Reads the task's own attributes through its operations, with the mutex held once more.
 void Task::rebuildNameSets(zqerr_Status* status) {
   std::vector<std::string> devices;
   zqgopher::ItemAdderAdapter<std::string> deviceList(devices);
   getTaskAttributeStringVtr(kTaskDevicesId, deviceList.boundary(), status);
-  deviceNames_ = NameSet(devices.begin(), devices.end());
-  if (deviceNames_.empty()) {
-    setPluginTask(nullptr);
-    setPluginContext(nullptr);
-    setPlugin(nullptr, pluginName_);
-  }
+  names_.devices = NameSet(devices.begin(), devices.end());
+  if (names_.devices.empty()) plugin_.release();
+  names_.channels = plugin_.bound() ? readPhysicalChannels(status) : NameSet();
+  // A target stays only with a plug-in task whose devices allow it.
+  debug_.tellNameSets(names_, plugin_.task() && plugin_.debuggable(), status);
+}
+
+NameSet Task::readPhysicalChannels(zqerr_Status* status) {
   NameSet physical;
-  if (plugin_ && pluginTask_) {
-    std::vector<std::string> channels;
-    zqgopher::ItemAdderAdapter<std::string> channelList(channels);
-    getTaskAttributeStringVtr(kTaskChannelsId, channelList.boundary(), status);
-    for (const std::string& channel : channels) {
-      std::string text;
-      zqgopher::StringAdapter value(text);
-      getChannelAttributeString(zqgopher::StringArrayView(std::vector<std::string>{channel}), kPhysicalChanNameId,
-                                value.boundary(), status);
-      std::vector<std::string> names;
-      zqwombat::parseCommaList(text, &names, status);
-      physical.insert(names.begin(), names.end());
-    }
+  std::vector<std::string> channels;
+  zqgopher::ItemAdderAdapter<std::string> channelList(channels);
+  getTaskAttributeStringVtr(kTaskChannelsId, channelList.boundary(), status);
+  for (const std::string& channel : channels) {
+    std::string text;
+    zqgopher::StringAdapter value(text);
+    getChannelAttributeString(zqgopher::StringArrayView(std::vector<std::string>{channel}), kPhysicalChanNameId,
+                              value.boundary(), status);
+    std::vector<std::string> names;
+    zqwombat::parseCommaList(text, &names, status);
+    physical.insert(names.begin(), names.end());
   }
-  physicalChannels_ = std::move(physical);
-  if (!debugTarget_) return;
-  if (!pluginTask_ || !debuggable_) deferredRelease_ |= kReleaseDebugServer | kReleaseDebugTarget;
-  std::vector<std::string> deviceView(deviceNames_.begin(), deviceNames_.end());
-  debugTarget_->setDevices(zqgopher::StringArrayView(deviceView), status);
-  std::vector<std::string> channelView(physicalChannels_.begin(), physicalChannels_.end());
-  debugTarget_->setPhysicalChannels(zqgopher::StringArrayView(channelView), status);
+  return physical;
 }
 
 }  // namespace zqvorexRedir

@@ -1,44 +1,34 @@
 // The object behind a task handle. It knows nothing of measurement: it holds the plug-in that
 // serves the task (library, context, plug-in task), serialises calls, and forwards each
 // operation to the plug-in, answering by itself what a task without a plug-in task can answer.
+//
+// Its parts, each a field of its own class, in the order of their construction:
+//   identity_  who the task is and the services it uses (TaskParts)
+//   lock_      the recursive mutex, its depth and the deferred release (TaskLock)
+//   plugin_    the plug-in fields under the state lock (PluginParts); bound by PluginBinder,
+//              put back by ChannelCreationScope
+//   events_    the events registered with the plug-in (EventRegistry)
+//   names_     the devices and physical channels (TaskNameSets)
+//   debug_     the debug session record, server, target and its flags (DebugLink)
+// They go in the reverse order: the debug objects first, then the plug-in task, its context and
+// the library, and the services last.
 #pragma once
 
 #include <cstdint>
 #include <memory>
-#include <mutex>
-#include <set>
 #include <string>
 
-#include "debug/debug_interfaces.h"
-#include "debug/debug_session_attributes.h"
-#include "debug/target_callbacks.h"
-#include "platform/platform.h"
-#include "plugin/plugin_handles.h"
-#include "plugin/plugin_manager.h"
-#include "selection/plugin_selector.h"
-#include "task/event_cache.h"
+#include "task/debug_link.h"
+#include "task/event_registry.h"
 #include "task/itask.h"
+#include "task/plugin_binder.h"
+#include "task/plugin_parts.h"
+#include "task/task_lock.h"
+#include "task/task_name_sets.h"
+#include "task/task_parts.h"
+#include "task/task_routes.h"
 
 namespace zqvorexRedir {
-
-// What the task was made by; handed to the plug-in's createTask.
-inline constexpr uint32_t kTaskKindOther = 0;
-inline constexpr uint32_t kTaskKindPlatform = 2;  // no plug-in selection
-inline constexpr uint32_t kTaskKindCreated = 4;
-
-// Bits of deferredRelease: what the last unlock lets go.
-inline constexpr uint32_t kReleaseDebugServer = 1u << 0;
-inline constexpr uint32_t kReleaseDebugTarget = 1u << 1;
-
-struct TaskParts {
-  std::shared_ptr<IContext> context;
-  uint32_t taskKind = kTaskKindOther;
-  std::shared_ptr<IPluginManager> pluginManager;
-  std::shared_ptr<IPluginSelector> pluginSelector;
-  std::shared_ptr<IDebugServerFactory> debugServerFactory;  // may be empty
-  Text name;
-  bool isDeviceTask = false;
-};
 
 class Task final : public ITask, public std::enable_shared_from_this<Task> {
  public:
@@ -50,9 +40,9 @@ class Task final : public ITask, public std::enable_shared_from_this<Task> {
   void lock(zqerr_Status* status) override;
   void lock() override;
   void unlock() override;
-  const Text& getName() const override { return name_; }
-  std::shared_ptr<IContext> getContext() override { return context_; }
-  std::shared_ptr<IContext> getContext() const override { return context_; }
+  const Text& getName() const override { return identity_.name; }
+  std::shared_ptr<IContext> getContext() override { return identity_.context; }
+  std::shared_ptr<IContext> getContext() const override { return identity_.context; }
   EventTokens getEvents(int32_t eventId, zqerr_Status* status) override;
   std::shared_ptr<ITask> sharedFromThis() override { return weak_from_this().lock(); }
   std::shared_ptr<const ITask> sharedFromThis() const override { return weak_from_this().lock(); }
@@ -60,15 +50,6 @@ class Task final : public ITask, public std::enable_shared_from_this<Task> {
 #define ZQ_TASK_OP(result, op, params, args) result op params override;
 #include "task/itask_overrides.inc"
 #undef ZQ_TASK_OP
-
-  // The plug-in parts, set under stateLock; the set-up of the factory and of channel creation
-  // uses these.
-  void setPlugin(std::shared_ptr<Plugin> plugin, std::string pluginName);
-  void setPluginContext(PluginContextPtr pluginContext);
-  void setPluginTask(PluginTaskPtr pluginTask);
-  void setDebugServer(std::shared_ptr<IDebugServer> server);
-  void setDebugTarget(std::shared_ptr<IDebugTarget> target);
-  void requestDeferredRelease(uint32_t bits) { deferredRelease_ |= bits; }
 
   // The set-ups of the factory operations, run once on a new task under its lock: each binds
   // the task to its plug-in and has the plug-in make its task.
@@ -81,32 +62,57 @@ class Task final : public ITask, public std::enable_shared_from_this<Task> {
   void setUpWatchdog(const Text& deviceName, zqerr_Status* status);
   void setUpScanlist(const Text& scanList, zqerr_Status* status);
 
-  // For inspection by the owner and by tests.
-  const std::string& pluginName() const { return pluginName_; }
-  bool hasPluginTask() const { return static_cast<bool>(pluginTask_); }
-  int32_t lockDepth() const { return lockDepth_; }
-  const NameSet& deviceNames() const { return deviceNames_; }
-  const NameSet& physicalChannels() const { return physicalChannels_; }
-  DebugTargetFlags& targetFlags() { return targetFlags_; }
-  DebugSessionAttributes& debugAttributes() { return debugAttributes_; }
+  // For the owner, tests and benchmarks: stores that bind a task by hand, and the parts' state.
+  void setPlugin(std::shared_ptr<Plugin> plugin, std::string pluginName) {
+    plugin_.setPlugin(std::move(plugin), std::move(pluginName));
+  }
+  void setPluginContext(PluginContextPtr pluginContext) { plugin_.setContext(std::move(pluginContext)); }
+  void setPluginTask(PluginTaskPtr pluginTask) { plugin_.setTask(std::move(pluginTask)); }
+  void setDebugServer(std::shared_ptr<IDebugServer> server) { debug_.setServer(std::move(server)); }
+  void setDebugTarget(std::shared_ptr<IDebugTarget> target) { debug_.setTarget(std::move(target)); }
+  void requestDeferredRelease(uint32_t bits) { lock_.requestRelease(bits); }
+  const std::string& pluginName() const { return plugin_.name(); }
+  bool hasPluginTask() const { return plugin_.task() != nullptr; }
+  int32_t lockDepth() const { return lock_.depth(); }
+  const NameSet& deviceNames() const { return names_.devices; }
+  const NameSet& physicalChannels() const { return names_.channels; }
+  DebugTargetFlags& targetFlags() { return debug_.flags(); }
+  DebugSessionAttributes& debugAttributes() { return debug_.attributes(); }
 
-  // The operation frame, the same for every forwarded operation: `call` runs with the plug-in
-  // and its task, `absent` when there is none. Both give the result.
+ private:
+  class FrameLock;
+
+  // The frames, in task_frame.h. The common one: `call` runs with the plug-in and its task,
+  // `absent` when there is none; both give the result.
   template <class R, class Call, class Absent>
   R runFrame(zqerr_Status* status, Call&& call, Absent&& absent);
+  // A channel creation's: `attach` may bind the task to a plug-in first, and a failure leaves
+  // the task as it was.
+  template <class R, class Attach, class Call, class Absent>
+  R runChannelCreation(zqerr_Status* status, Attach&& attach, Call&& call, Absent&& absent);
+  // An operation of the interface by its route, in task_operations.cpp.
+  template <class R, TaskRoute route, size_t mirrorRow, class Forward, class Own, class... Args>
+  R runOperation(Forward&& forward, Own&& own, Args&... args);
+  // A set-up's, in task_setups.cpp.
+  template <class Bind, class Make>
+  void runSetUp(bool announce, zqerr_Status* status, Bind&& bind, Make&& make);
+  // An attribute of class Task: the answers of the task itself, then the plug-in.
+  template <class R, class Local, class Call, class Absent>
+  R runTaskAttribute(zqerr_Status* status, Local&& local, Call&& call, Absent&& absent);
+  template <class Local, class Forward>
+  void changeTaskAttribute(zqerr_Status* status, Local&& local, Forward&& forward);
 
-  // The frame of a channel creation: the devices of `physicalChannels` may bind the task to a
-  // plug-in first, and a failure leaves the task as it was.
-  template <class R, class Call>
-  R runChannelCreation(zqerr_Status* status, const Text& physicalChannels, Call&& call);
+  PluginBinder binder() { return PluginBinder(identity_, plugin_, names_, debug_); }
 
   // What a task without a plug-in task answers, by family.
+  template <class R, OpRoute route, class... Args>
+  R answerUnbound(Args&... args) const;
   void failNoDevice(zqerr_Status* status) const;
   void failNoChannels(zqerr_Status* status) const;
   void failChannelNotInTask(const zqgopher::StringArrayView& channels, zqerr_Status* status) const;
+  void failNotInTaskContext(zqerr_Status* status) const;
 
- private:
-  // The operations the task writes out itself; the generated overrides call these.
+  // The operations the task writes out itself (route "own"); the generated overrides call these.
   void commitDebugSessionOwn(zqerr_Status* status);
   void abortTaskOwn(zqerr_Status* status);
   uint32_t getTaskAttributeBoolOwn(int32_t attributeId, zqerr_Status* status);
@@ -144,79 +150,19 @@ class Task final : public ITask, public std::enable_shared_from_this<Task> {
   zqvorexPlugin_EventToken registerSignalEventOwn(int32_t signalId, bool direct, zqgopher_IEventSignal* event,
                                                   zqerr_Status* status);
   void unregisterEventOwn(zqvorexPlugin_EventToken token, zqerr_Status* status);
-  // Enters a token that the plug-in gave into the cache; takes the registration back when that fails.
-  zqvorexPlugin_EventToken keepEventToken(Plugin& plugin, zqvorexPlugin_Task_undefined* pluginTask, int32_t eventId,
-                                          zqvorexPlugin_EventToken token, const void* boundaryObject,
-                                          zqerr_Status* status);
 
- private:
-  class FrameLock;
-  class ChannelCreationScope;
-
-  struct Selection;
-  template <class Bind, class Make>
-  void runSetUp(bool announce, zqerr_Status* status, Bind&& bind, Make&& make);
-  void bindSelection(Selection& selection, zqerr_Status* status);
-  void bindFixedPlugin(const char* pluginName, zqerr_Status* status);
-  void keepPluginTask(zqvorexPlugin_Task_undefined* handle);
-  std::string contextName() const;
-
-  void attachPhysicalChannels(const Text& list, ChannelCreationScope& scope, zqerr_Status* status);
-  void attachGlobalChannels(const Text& channelNames, ChannelCreationScope& scope, zqerr_Status* status);
-  void tellTargetWholeTask(zqerr_Status* status);
-  void rebuildNameSets(zqerr_Status* status);
-  void createPluginContext(zqerr_Status* status);
-  void createPluginTask(const char* savedTaskName, const char* channelNames, zqerr_Status* status);
-  void syncDebugTarget(const ChannelCreationScope& scope, zqerr_Status* status);
-  void attachDebugTarget(zqerr_Status* status);
-  void rollBack(ChannelCreationScope& scope);
-
-  // Frame step 2: a target that asked for it reviews who controls the task.
-  void checkControl(bool revoke, zqerr_Status* status);
-  // Frame step 4: an open, uncommitted debug session refuses every forwarded operation.
-  bool refusedBySession(zqerr_Status* status) const;
-  bool hasPluginParts() const { return plugin_ && pluginTask_; }
-
-  // Class Task attributes: the answers of the task itself, then the plug-in.
-  template <class R, class Local, class Call, class Absent>
-  R runTaskAttribute(zqerr_Status* status, Local&& local, Call&& call, Absent&& absent);
-  void failNotInTaskContext(zqerr_Status* status) const;
-  void abortPluginTask(zqerr_Status* status);
-  // Tells the debug target of a change of logging that `mode` makes, runs `call`, and takes
-  // the notice back when the plug-in refused.
-  template <class Call>
-  void withLoggingNotice(int32_t mode, zqerr_Status* status, Call&& call);
+  // The helpers of the own operations.
   void createDebugSessionTask(zqerr_Status* status);
+  void rebuildNameSets(zqerr_Status* status);
+  NameSet readPhysicalChannels(zqerr_Status* status);
   static void abortThroughCallbacks(ILockable& task, zqerr_Status* status);
 
-  // Fields in the order of destruction's reverse: the plug-in task goes before its context,
-  // and both before the library.
-  std::shared_ptr<IContext> context_;
-  uint32_t taskKind_;
-  std::shared_ptr<IPluginManager> pluginManager_;
-  std::shared_ptr<IPluginSelector> pluginSelector_;
-  std::shared_ptr<IDebugServerFactory> debugServerFactory_;
-  Text name_;
-  bool isDeviceTask_;
-  std::recursive_mutex mutex_;
-  int32_t lockDepth_ = 0;
-  uint32_t deferredRelease_ = 0;
-  zqplatform::SlimLock stateLock_;
-  std::string pluginName_;
-  bool debuggable_ = false;
-  bool fixedPlugin_ = false;
-  std::shared_ptr<Plugin> plugin_;
-  PluginContextPtr pluginContext_;
-  PluginTaskPtr pluginTask_;
-  EventCache eventCache_;
-  NameSet deviceNames_;
-  NameSet physicalChannels_;
-  DebugSessionAttributes debugAttributes_;
-  TargetCallbacks targetCallbacks_;
-  std::shared_ptr<IDebugServer> debugServer_;
-  std::shared_ptr<IDebugTarget> debugTarget_;
-  DebugTargetFlags targetFlags_;
-  bool loggingActive_ = false;
+  TaskParts identity_;
+  TaskLock lock_;
+  PluginParts plugin_;
+  EventRegistry events_;
+  TaskNameSets names_;
+  DebugLink debug_;
 };
 
 }  // namespace zqvorexRedir

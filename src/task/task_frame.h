@@ -1,12 +1,10 @@
-// The operation frame that every forwarded operation of Task runs, and the conversion of its
-// arguments to the plug-in's form: library text becomes its UTF-8 pointer, a list of names
-// its boundary view; everything else passes unchanged.
+// The frames that the task's operations run: the common one of every forwarded operation, and
+// that of a channel creation, which may bind the task first and undoes what a failure leaves.
 #pragma once
 
-#include <tuple>
-#include <utility>
-
 #include "status/exceptions.h"
+#include "task/channel_creation_scope.h"
+#include "task/operation_arguments.h"
 #include "task/task.h"
 
 namespace zqvorexRedir {
@@ -28,10 +26,10 @@ template <class R, class Call, class Absent>
 R Task::runFrame(zqerr_Status* status, Call&& call, Absent&& absent) {
   if (!zqerr::isOpen(status)) return R();
   try {
-    checkControl(true, status);
+    debug_.checkControl(true, status);
     FrameLock held(*this);
-    if (refusedBySession(status)) return R();
-    if (hasPluginParts()) return call(*plugin_, pluginTask_.get());
+    if (debug_.refusesOperation(status)) return R();
+    if (plugin_.bound()) return call(*plugin_.plugin(), plugin_.task());
     return absent();
   } catch (...) {
     zqerr::convertCurrentException(status);
@@ -39,30 +37,31 @@ R Task::runFrame(zqerr_Status* status, Call&& call, Absent&& absent) {
   }
 }
 
-namespace taskframe {
-
-inline const char* toPlugin(const Text& text) { return text.c_str(); }
-inline const zqgopher_ArrayView* toPlugin(const zqgopher::StringArrayView& list) { return list.boundary(); }
-template <class T>
-T toPlugin(T value) {
-  return value;
+template <class R, class Attach, class Call, class Absent>
+R Task::runChannelCreation(zqerr_Status* status, Attach&& attach, Call&& call, Absent&& absent) {
+  if (!zqerr::isOpen(status)) return R();
+  try {
+    debug_.checkControl(true, status);
+    ChannelCreationScope scope(*this, plugin_, names_, debug_);
+    PluginBinder binding = binder();
+    // A debug session has no devices of its own: its plug-in comes with the commit.
+    if (!debug_.attributes().isDebugSession()) {
+      attach(binding, scope);
+      if (!zqerr::isOpen(status)) return R();
+    }
+    if (debug_.refusesOperation(status)) return R();
+    if (!plugin_.bound()) {
+      absent();
+      return R();
+    }
+    call(*plugin_.plugin(), plugin_.task());
+    binding.syncDebugTarget(scope, status);
+    if (zqerr::isOpen(status)) scope.commit();
+    return R();
+  } catch (...) {
+    zqerr::convertCurrentException(status);
+    return R();
+  }
 }
-
-template <class F, class... Args>
-decltype(auto) callPlugin(F&& forward, Args&... args) {
-  return forward(toPlugin(args)...);
-}
-
-template <class... Args>
-zqerr_Status* statusOf(Args&... args) {
-  return std::get<sizeof...(Args) - 1>(std::tie(args...));
-}
-
-template <class First, class... Rest>
-First& firstOf(First& first, Rest&...) {
-  return first;
-}
-
-}  // namespace taskframe
 
 }  // namespace zqvorexRedir

@@ -7,33 +7,8 @@ namespace zqvorexRedir {
 namespace {
 
 inline constexpr int32_t kLoggingModeId = 11973;
-inline constexpr int32_t kLoggingOff = 10231;
-inline constexpr int32_t kLoggingLog = 15842;
-inline constexpr int32_t kLoggingLogAndRead = 15844;
 
 }  // namespace
-
-template <class Call>
-void Task::withLoggingNotice(int32_t mode, zqerr_Status* status, Call&& call) {
-  if (!debugTarget_) {
-    call();
-    return;
-  }
-  const bool before = loggingActive_;
-  if (mode == kLoggingOff && loggingActive_) {
-    debugTarget_->setLoggingEnabled(false, status);
-    loggingActive_ = false;
-  } else if ((mode == kLoggingLog || mode == kLoggingLogAndRead) && !loggingActive_) {
-    debugTarget_->setLoggingEnabled(true, status);
-    loggingActive_ = true;
-  }
-  call();
-  if (loggingActive_ == before || zqerr::isOpen(status)) return;
-  loggingActive_ = before;
-  zqerr::Status local;
-  debugTarget_->setLoggingEnabled(before, &local);
-  zqerr::adopt(status, &local);
-}
 
 void Task::setReadAttributeI32Own(const zqgopher::StringArrayView& channels, int32_t id, int32_t value,
                                   zqerr_Status* status) {
@@ -42,7 +17,7 @@ void Task::setReadAttributeI32Own(const zqgopher::StringArrayView& channels, int
       [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) {
         auto forward = [&] { plugin.setReadAttributeI32(task, channels.boundary(), id, value, status); };
         if (id == kLoggingModeId)
-          withLoggingNotice(value, status, forward);
+          debug_.withLoggingNotice(value, status, forward);
         else
           forward();
       },
@@ -56,7 +31,7 @@ void Task::resetReadAttributeI32Own(const zqgopher::StringArrayView& channels, i
         auto forward = [&] { plugin.resetReadAttributeI32(task, channels.boundary(), id, status); };
         // A reset ends logging, as the mode "off" does.
         if (id == kLoggingModeId)
-          withLoggingNotice(kLoggingOff, status, forward);
+          debug_.withLoggingNotice(kLoggingOff, status, forward);
         else
           forward();
       },
@@ -68,7 +43,7 @@ void Task::configureLoggingOwn(const Text& filePath, int32_t mode, const Text& g
   runFrame<void>(
       status,
       [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) {
-        withLoggingNotice(mode, status, [&] {
+        debug_.withLoggingNotice(mode, status, [&] {
           plugin.configureLogging(task, filePath.c_str(), mode, groupName.c_str(), operation, status);
         });
       },

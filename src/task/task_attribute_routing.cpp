@@ -22,21 +22,39 @@ bool isSessionValue(int32_t id) { return id == kDebugValue1Id || id == kDebugVal
 
 }  // namespace
 
+// `local(result)` answers when it returns true; `call` forwards; `absent` answers without a
+// plug-in task.
 template <class R, class Local, class Call, class Absent>
 R Task::runTaskAttribute(zqerr_Status* status, Local&& local, Call&& call, Absent&& absent) {
   if (!zqerr::isOpen(status)) return R();
   try {
-    checkControl(true, status);
+    debug_.checkControl(true, status);
     FrameLock held(*this);
     R result{};
     if (local(result)) return result;
-    if (refusedBySession(status)) return R();
-    if (hasPluginParts()) return call(*plugin_, pluginTask_.get());
+    if (debug_.refusesOperation(status)) return R();
+    if (plugin_.bound()) return call(*plugin_.plugin(), plugin_.task());
     return absent();
   } catch (...) {
     zqerr::convertCurrentException(status);
     return R();
   }
+}
+
+// The sets and resets share one shape: the record's rule (`local()` is true when it took the
+// id), else the plug-in, else refusal.
+template <class Local, class Forward>
+void Task::changeTaskAttribute(zqerr_Status* status, Local&& local, Forward&& forward) {
+  runTaskAttribute<NoResult>(
+      status, [&](NoResult&) { return local(); },
+      [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) {
+        forward(plugin, task);
+        return NoResult{};
+      },
+      [&] {
+        failNotInTaskContext(status);
+        return NoResult{};
+      });
 }
 
 void Task::failNotInTaskContext(zqerr_Status* status) const {
@@ -45,7 +63,7 @@ void Task::failNotInTaskContext(zqerr_Status* status) const {
 
 uint32_t Task::getTaskAttributeBoolOwn(int32_t id, zqerr_Status* status) {
   return runTaskAttribute<uint32_t>(
-      status, [&](uint32_t& value) { return debugAttributes_.getBool(id, value); },
+      status, [&](uint32_t& value) { return debug_.attributes().getBool(id, value); },
       [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) { return plugin.getTaskAttributeBool(task, id, status); },
       [&]() -> uint32_t {
         failNotInTaskContext(status);
@@ -58,7 +76,7 @@ int32_t Task::getTaskAttributeI32Own(int32_t id, zqerr_Status* status) {
       status,
       [&](int32_t& value) {
         uint32_t stored = 0;
-        if (!debugAttributes_.getU32(id, stored)) return false;
+        if (!debug_.attributes().getU32(id, stored)) return false;
         value = static_cast<int32_t>(stored);
         return true;
       },
@@ -85,11 +103,12 @@ void Task::getTaskAttributeStringOwn(int32_t id, zqgopher_IString* value, zqerr_
   runTaskAttribute<NoResult>(
       status,
       [&](NoResult&) {
-        if (id != kTaskNameId) return debugAttributes_.getString(id, value, status);
+        if (id != kTaskNameId) return debug_.attributes().getString(id, value, status);
+        const Text& name = identity_.name;
         if (!value)
           ZQ_FAIL(status, kTaskInvalidParameter);
         else
-          value->table->assign(value, name_.data(), name_.size(), status);
+          value->table->assign(value, name.data(), name.size(), status);
         return true;
       },
       [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) {
@@ -104,7 +123,7 @@ void Task::getTaskAttributeStringOwn(int32_t id, zqgopher_IString* value, zqerr_
 
 void Task::getTaskAttributeStringVtrOwn(int32_t id, zqgopher_IItemAdder* value, zqerr_Status* status) {
   runTaskAttribute<NoResult>(
-      status, [&](NoResult&) { return debugAttributes_.getStringVtr(id, value, status); },
+      status, [&](NoResult&) { return debug_.attributes().getStringVtr(id, value, status); },
       [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) {
         plugin.getTaskAttributeStringVtr(task, id, value, status);
         return NoResult{};
@@ -115,59 +134,56 @@ void Task::getTaskAttributeStringVtrOwn(int32_t id, zqgopher_IItemAdder* value, 
       });
 }
 
-// The sets and resets share one shape: the record's rule, else the plug-in, else refusal.
-#define ZQ_TASK_ATTRIBUTE_CHANGE(local, forward)                                                   \
-  runTaskAttribute<NoResult>(                                                                      \
-      status, [&](NoResult&) { return local; },                                                    \
-      [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) {                                    \
-        forward;                                                                                   \
-        return NoResult{};                                                                         \
-      },                                                                                           \
-      [&]() {                                                                                      \
-        failNotInTaskContext(status);                                                              \
-        return NoResult{};                                                                         \
-      })
-
 void Task::setTaskAttributeBoolOwn(int32_t id, uint32_t value, zqerr_Status* status) {
-  ZQ_TASK_ATTRIBUTE_CHANGE(debugAttributes_.setBool(id, value, status),
-                           plugin.setTaskAttributeBool(task, id, value, status));
+  changeTaskAttribute(
+      status, [&] { return debug_.attributes().setBool(id, value, status); },
+      [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) { plugin.setTaskAttributeBool(task, id, value, status); });
 }
 
 void Task::setTaskAttributeI32Own(int32_t id, int32_t value, zqerr_Status* status) {
-  ZQ_TASK_ATTRIBUTE_CHANGE(debugAttributes_.setU32(id, static_cast<uint32_t>(value), status),
-                           plugin.setTaskAttributeI32(task, id, value, status));
+  changeTaskAttribute(
+      status, [&] { return debug_.attributes().setU32(id, static_cast<uint32_t>(value), status); },
+      [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) { plugin.setTaskAttributeI32(task, id, value, status); });
 }
 
 void Task::setTaskAttributeStringOwn(int32_t id, const Text& value, zqerr_Status* status) {
-  ZQ_TASK_ATTRIBUTE_CHANGE(debugAttributes_.setString(id, value.c_str(), status),
-                           plugin.setTaskAttributeString(task, id, value.c_str(), status));
+  changeTaskAttribute(
+      status, [&] { return debug_.attributes().setString(id, value.c_str(), status); },
+      [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) {
+        plugin.setTaskAttributeString(task, id, value.c_str(), status);
+      });
 }
 
 void Task::setTaskAttributeStringVtrOwn(int32_t id, const zqgopher_ArrayView* value, zqerr_Status* status) {
-  ZQ_TASK_ATTRIBUTE_CHANGE(debugAttributes_.setStringVtr(id, value, status),
-                           plugin.setTaskAttributeStringVtr(task, id, value, status));
+  changeTaskAttribute(
+      status, [&] { return debug_.attributes().setStringVtr(id, value, status); },
+      [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) {
+        plugin.setTaskAttributeStringVtr(task, id, value, status);
+      });
 }
 
 void Task::resetTaskAttributeBoolOwn(int32_t id, zqerr_Status* status) {
-  ZQ_TASK_ATTRIBUTE_CHANGE(id == kDebugSessionId && debugAttributes_.reset(id, status),
-                           plugin.resetTaskAttributeBool(task, id, status));
+  changeTaskAttribute(
+      status, [&] { return id == kDebugSessionId && debug_.attributes().reset(id, status); },
+      [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) { plugin.resetTaskAttributeBool(task, id, status); });
 }
 
 void Task::resetTaskAttributeI32Own(int32_t id, zqerr_Status* status) {
-  ZQ_TASK_ATTRIBUTE_CHANGE(isSessionValue(id) && debugAttributes_.reset(id, status),
-                           plugin.resetTaskAttributeI32(task, id, status));
+  changeTaskAttribute(
+      status, [&] { return isSessionValue(id) && debug_.attributes().reset(id, status); },
+      [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) { plugin.resetTaskAttributeI32(task, id, status); });
 }
 
 void Task::resetTaskAttributeStringOwn(int32_t id, zqerr_Status* status) {
-  ZQ_TASK_ATTRIBUTE_CHANGE(isSessionText(id) && debugAttributes_.reset(id, status),
-                           plugin.resetTaskAttributeString(task, id, status));
+  changeTaskAttribute(
+      status, [&] { return isSessionText(id) && debug_.attributes().reset(id, status); },
+      [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) { plugin.resetTaskAttributeString(task, id, status); });
 }
 
 void Task::resetTaskAttributeStringVtrOwn(int32_t id, zqerr_Status* status) {
-  ZQ_TASK_ATTRIBUTE_CHANGE(isSessionList(id) && debugAttributes_.reset(id, status),
-                           plugin.resetTaskAttributeStringVtr(task, id, status));
+  changeTaskAttribute(
+      status, [&] { return isSessionList(id) && debug_.attributes().reset(id, status); },
+      [&](Plugin& plugin, zqvorexPlugin_Task_undefined* task) { plugin.resetTaskAttributeStringVtr(task, id, status); });
 }
-
-#undef ZQ_TASK_ATTRIBUTE_CHANGE
 
 }  // namespace zqvorexRedir
