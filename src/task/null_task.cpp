@@ -1,8 +1,7 @@
 #include "task/null_task.h"
 
-#include <type_traits>
-
 #include "status/exceptions.h"
+#include "task/operation_arguments.h"
 
 namespace zqvorexRedir {
 
@@ -43,13 +42,15 @@ void NullTask::answer(zqerr_Status* status) const {
   zqerr::adopt(status, &source);
 }
 
+template <class R, class... Args>
+R NullTask::answerWith(Args&... args) const {
+  answer(taskframe::statusOf(args...));
+  return R();
+}
+
 #define ZQ_TASK_ARGS(...) __VA_ARGS__
 #define ZQ_TASK_OP(result, op, params, args) \
-  result NullTask::op params {               \
-    [](auto&&...) {}(ZQ_TASK_ARGS args);     \
-    answer(status);                          \
-    return std::type_identity_t<result>();   \
-  }
+  result NullTask::op params { return answerWith<result>(ZQ_TASK_ARGS args); }
 #include "task/itask_overrides.inc"
 #undef ZQ_TASK_OP
 #undef ZQ_TASK_ARGS

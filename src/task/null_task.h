@@ -34,6 +34,9 @@ class NullTask final : public ITask, public std::enable_shared_from_this<NullTas
  private:
   // Merges the stored status into the caller's, code and report, by the replacement rule.
   void answer(zqerr_Status* status) const;
+  // Every operation: the answer into the operation's status, the last of `args`, and 0.
+  template <class R, class... Args>
+  R answerWith(Args&... args) const;
 
   std::shared_ptr<IContext> context_;
   Text name_;

@@ -7,51 +7,42 @@ namespace zqvorexRedir {
 
 namespace {
 
-void handOverArray(IDebugTarget& target, SampleElement element, const zqgopher_IArrayBuffer* buffer,
-                   const SampleHandOver& h, zqerr_Status* local) {
-#define ZQ_HAND_OVER(op) \
-  target.op(h.channelKind, h.formatCode, buffer, h.layout, local, h.callerStatus, h.count)
+using ArrayHandOver = void (IDebugTarget::*)(uint32_t, uint32_t, const zqgopher_IArrayBuffer*,
+                                             const zqvorexPlugin_ReadLayout*, zqerr_Status*, const zqerr_Status*,
+                                             uint64_t);
+
+// The target's hand-over of each element type that crosses as an array; none for lines, which
+// cross as a line buffer.
+ArrayHandOver arrayHandOverOf(SampleElement element) {
   switch (element) {
     case SampleElement::f64:
-      ZQ_HAND_OVER(cacheSamplesF64);
-      return;
+      return &IDebugTarget::cacheSamplesF64;
     case SampleElement::i8:
-      ZQ_HAND_OVER(cacheSamplesI8);
-      return;
+      return &IDebugTarget::cacheSamplesI8;
     case SampleElement::i16:
-      ZQ_HAND_OVER(cacheSamplesI16);
-      return;
+      return &IDebugTarget::cacheSamplesI16;
     case SampleElement::i32:
-      ZQ_HAND_OVER(cacheSamplesI32);
-      return;
+      return &IDebugTarget::cacheSamplesI32;
     case SampleElement::u8:
-      ZQ_HAND_OVER(cacheSamplesU8);
-      return;
+      return &IDebugTarget::cacheSamplesU8;
     case SampleElement::u16:
-      ZQ_HAND_OVER(cacheSamplesU16);
-      return;
+      return &IDebugTarget::cacheSamplesU16;
     case SampleElement::u32:
-      ZQ_HAND_OVER(cacheSamplesU32);
-      return;
+      return &IDebugTarget::cacheSamplesU32;
     case SampleElement::counterDutyCycleAndFrequencyF64:
-      ZQ_HAND_OVER(cacheSamplesCounterDutyCycleAndFrequencyF64);
-      return;
+      return &IDebugTarget::cacheSamplesCounterDutyCycleAndFrequencyF64;
     case SampleElement::counterHighAndLowTimesF64:
-      ZQ_HAND_OVER(cacheSamplesCounterHighAndLowTimesF64);
-      return;
+      return &IDebugTarget::cacheSamplesCounterHighAndLowTimesF64;
     case SampleElement::counterHighAndLowTicksU32:
-      ZQ_HAND_OVER(cacheSamplesCounterHighAndLowTicksU32);
-      return;
+      return &IDebugTarget::cacheSamplesCounterHighAndLowTicksU32;
     case SampleElement::powerVoltageAndCurrentF64:
-      ZQ_HAND_OVER(cacheSamplesPowerVoltageAndCurrentF64);
-      return;
+      return &IDebugTarget::cacheSamplesPowerVoltageAndCurrentF64;
     case SampleElement::powerVoltageAndCurrentI16:
-      ZQ_HAND_OVER(cacheSamplesPowerVoltageAndCurrentI16);
-      return;
+      return &IDebugTarget::cacheSamplesPowerVoltageAndCurrentI16;
     case SampleElement::lineU8:
-      return;  // line samples cross as a line buffer
+      return nullptr;
   }
-#undef ZQ_HAND_OVER
+  return nullptr;
 }
 
 }  // namespace
@@ -59,9 +50,12 @@ void handOverArray(IDebugTarget& target, SampleElement element, const zqgopher_I
 // The target's answer concerns only the target: its status is dropped, and so is anything it throws.
 void handSamplesOver(IDebugTarget& target, SampleElement element, const zqgopher_IArrayBuffer* buffer,
                      const SampleHandOver& handOver) noexcept {
+  const ArrayHandOver handOverArray = arrayHandOverOf(element);
+  if (!handOverArray) return;
   try {
     zqerr::Status local;
-    handOverArray(target, element, buffer, handOver, &local);
+    (target.*handOverArray)(handOver.channelKind, handOver.formatCode, buffer, handOver.layout, &local,
+                            handOver.callerStatus, handOver.count);
   } catch (...) {
   }
 }
