@@ -53,7 +53,6 @@ class DebugLink {
 
   DebugSessionAttributes& attributes() { return attributes_; }
   DebugTargetFlags& flags() { return flags_; }
-  const DebugTargetFlags& flags() const { return flags_; }
   IDebugTarget* target() const { return target_.get(); }
   bool empty() const { return !server_ && !target_; }
 

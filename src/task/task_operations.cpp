@@ -66,12 +66,11 @@ R Task::runOperation(Forward&& forward, Own&& own, Args&... args) {
 }
 
 #define ZQ_TASK_ARGS(...) __VA_ARGS__
-#define ZQ_TASK_OP(R, op, params, args)                                                            \
-  R Task::op params {                                                                              \
-    return runOperation<R, routes::op, routes::op.mirrored ? mirrorRowOf(#op) : mirror::kRowCount>( \
+#define ZQ_TASK_OP(R, op, params, args)                                                                     \
+  R Task::op params {                                                                                       \
+    return runOperation<R, routes::op, routes::op.mirrored ? mirrorRowOf(#op) : mirror::kRowCount>(         \
         [](auto& plugin, auto* handle, auto... converted) -> R { return plugin.op(handle, converted...); }, \
-        [](auto& task, auto&... arguments) -> R { return task.op##Own(arguments...); },          \
-        ZQ_TASK_ARGS args);                                                                        \
+        [](auto& task, auto&... arguments) -> R { return task.op##Own(arguments...); }, ZQ_TASK_ARGS args); \
   }
 #include "task/itask_overrides.inc"
 #undef ZQ_TASK_OP
