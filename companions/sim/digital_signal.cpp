@@ -170,6 +170,9 @@ bool DrivenSignal::level(double tau) const {
 
 std::vector<std::pair<std::pair<double, double>, const DigitalSignal*>> DrivenSignal::pieces(
     double from, double to) const {
+  // A span drives from just before its start, so that an edge at the very moment a task starts
+  // driving (its start trigger) belongs to it.
+  const auto startOf = [](const DriveSpan& span) { return std::nextafter(span.from, -kForever); };
   std::vector<std::pair<std::pair<double, double>, const DigitalSignal*>> out;
   double at = from;
   while (at < to) {
@@ -177,11 +180,11 @@ std::vector<std::pair<std::pair<double, double>, const DigitalSignal*>> DrivenSi
     const DigitalSignal* source = fallback_.get();
     double until = to;
     for (const DriveSpan& span : spans_) {
-      if (span.from <= at && at < span.to) {
+      if (startOf(span) <= at && at < span.to) {
         source = span.source.get();
         until = std::min(to, span.to);
-      } else if (span.from > at) {
-        until = std::min(until, span.from);
+      } else if (startOf(span) > at) {
+        until = std::min(until, startOf(span));
       }
     }
     out.push_back({{at, until}, source});

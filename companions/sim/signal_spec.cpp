@@ -1,7 +1,7 @@
 #include "signal_spec.h"
 
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <utility>
 #include <vector>
 
@@ -108,16 +108,11 @@ bool checkRanges(const SignalSpec& spec, std::string* error) {
   return false;
 }
 
+// The shortest text that reads back as the same number.
 std::string number(double value) {
   char digits[40];
-  std::snprintf(digits, sizeof digits, "%.17g", value);
-  // The shortest text that reads back the same.
-  for (int precision = 1; precision < 17; ++precision) {
-    char shorter[40];
-    std::snprintf(shorter, sizeof shorter, "%.*g", precision, value);
-    if (parseReal(shorter) == value) return shorter;
-  }
-  return digits;
+  const auto result = std::to_chars(digits, digits + sizeof digits, value);
+  return std::string(digits, result.ptr);
 }
 
 std::string quotedValue(const std::string& value) {
