@@ -171,8 +171,9 @@ bool DrivenSignal::level(double tau) const {
 std::vector<std::pair<std::pair<double, double>, const DigitalSignal*>> DrivenSignal::pieces(
     double from, double to) const {
   // A span drives from just before its start, so that an edge at the very moment a task starts
-  // driving (its start trigger) belongs to it.
+  // driving (its start trigger) belongs to it, to just before its end, when it no longer drives.
   const auto startOf = [](const DriveSpan& span) { return std::nextafter(span.from, -kForever); };
+  const auto endOf = [](const DriveSpan& span) { return std::nextafter(span.to, -kForever); };
   std::vector<std::pair<std::pair<double, double>, const DigitalSignal*>> out;
   double at = from;
   while (at < to) {
@@ -180,9 +181,9 @@ std::vector<std::pair<std::pair<double, double>, const DigitalSignal*>> DrivenSi
     const DigitalSignal* source = fallback_.get();
     double until = to;
     for (const DriveSpan& span : spans_) {
-      if (startOf(span) <= at && at < span.to) {
+      if (startOf(span) <= at && at < endOf(span)) {
         source = span.source.get();
-        until = std::min(to, span.to);
+        until = std::min(to, endOf(span));
       } else if (startOf(span) > at) {
         until = std::min(until, startOf(span));
       }
