@@ -25,14 +25,11 @@ ToolRun zqstorage(const std::string& store, const std::string& arguments) {
   const std::string out = "storage_tmp/cli_out.txt";
   const std::string err = "storage_tmp/cli_err.txt";
   const std::string storeOption = store.empty() ? "" : " --store " + store;
-  const int code =
-      runCommand(siblingProgram("zqstorage") + storeOption + " " + arguments + " > " + out + " 2> " + err);
+  const int code = runCommand(siblingProgram("zqstorage") + storeOption + " " + arguments + " > " + out + " 2> " + err);
   return {code, withoutCarriageReturns(readFile(out)), withoutCarriageReturns(readFile(err))};
 }
 
-bool contains(const std::string& text, const std::string& part) {
-  return text.find(part) != std::string::npos;
-}
+bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
 
 TEST(StorageTool, AddListAndRemoveASimulatedDevice) {
   const std::string store = useFreshStore("cli_devices");
@@ -88,8 +85,7 @@ TEST(StorageTool, BadInputGivesAMessageAndItsExitCode) {
     SCOPED_TRACE(c.arguments);
     const ToolRun run = zqstorage(store, c.arguments);
     EXPECT_EQ(run.exitCode, c.exitCode);
-    EXPECT_TRUE(
-        contains(run.exitCode == 2 && std::string(c.arguments).empty() ? run.out : run.err, c.message))
+    EXPECT_TRUE(contains(run.exitCode == 2 && std::string(c.arguments).empty() ? run.out : run.err, c.message))
         << run.out << run.err;
   }
 }
