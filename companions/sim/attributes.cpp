@@ -248,19 +248,6 @@ std::string allowedText(const AttrDef& def) {
   return joinList(values);
 }
 
-// A rate is refused by its own code, with the range this task allows.
-bool checkRate(const SimTask& task, double rate, zqerr_Status* status) {
-  const double maximum = maximumRate(task);
-  if (rate >= DeviceModel::kMinRate && rate <= maximum * (1 + 1e-9)) return true;
-  SIM_FAIL(status, nZQMDEV::kErrorSampleRateOutOfRange,
-           Items()
-               .attribute(Vorex_SampClkRate)
-               .f64(usage::kValueRequested, rate)
-               .f64(usage::kMinimum, DeviceModel::kMinRate)
-               .f64(usage::kMaximum, maximum));
-  return false;
-}
-
 }  // namespace
 
 double coerceRate(double rate) {
@@ -342,7 +329,7 @@ void setAttribute(SimTask& task, const zqgopher_ArrayView* list, int32_t id, Val
     return;
   }
   value.type = def->type;
-  if (id == Vorex_SampClkRate) {
+  if (def->flags & kCoerced) {
     if (!checkRate(task, value.real, status)) return;
     value.real = coerceRate(value.real);
   } else if (!checkValue(*def, value, status)) {

@@ -31,17 +31,8 @@ bool setTaskSettings(SimTask& task, const std::vector<std::pair<int32_t, Value>>
     const AttrDef* def = findAttribute(id);
     if (def) {
       value.type = def->type;
-      if (id == Vorex_SampClkRate) {
-        const double maximum = maximumRate(task);
-        if (!(value.real >= DeviceModel::kMinRate && value.real <= maximum * (1 + 1e-9))) {
-          SIM_FAIL(status, nZQMDEV::kErrorSampleRateOutOfRange,
-                   Items()
-                       .attribute(Vorex_SampClkRate)
-                       .f64(usage::kValueRequested, value.real)
-                       .f64(usage::kMinimum, DeviceModel::kMinRate)
-                       .f64(usage::kMaximum, maximum));
-          return false;
-        }
+      if (def->flags & kCoerced) {
+        if (!checkRate(task, value.real, status)) return false;
         value.real = coerceRate(value.real);
       } else if (!checkValue(*def, value, status)) {
         return false;

@@ -34,17 +34,14 @@ uint32_t measure(SimTask& task, std::unique_lock<std::mutex>& lock, uint64_t wan
   const int outcome = task.waitFor(
       lock, timeout,
       [&] {
-        while (got < wanted && nextMeasurement(task, channel, cursor, task.device()->now(), &m, &expected)) {
+        while (got < wanted && nextMeasurement(channel, cursor, task.device()->now(), &m, &expected)) {
           emit(got++, m);
           cursor = m.end - kEdgeSlack;
         }
         return got >= wanted;
       },
       [&] { return expected; });
-  if (task.run == run) {
-    run->measureCursor = cursor;
-    run->measured += got;
-  }
+  if (task.run == run) run->measureCursor = cursor;
   if (outcome < 0) {
     SIM_FAIL(status, nZQMDEV::kErrorOperationAborted, Items().text(usage::kTaskName, task.name));
   } else if (got < wanted) {
@@ -141,6 +138,22 @@ uint32_t readCounterScalar(SimTask& task, std::unique_lock<std::mutex>& lock, do
   }
   return measure(
       task, lock, 1, timeout, [&](uint64_t, const Measurement& m) { *value = m.value; }, status);
+}
+
+uint32_t readCounterTicksScalar(SimTask& task, std::unique_lock<std::mutex>& lock, double timeout,
+                                uint32_t* value, zqerr_Status* status) {
+  if (counts(task.channels.front())) {
+    return readSamples(
+        task, lock, 1, timeout,
+        [&](uint64_t, const SampleTimes& times, uint64_t count, zqerr_Status*) {
+          if (count) *value = counterTicks(task, task.channels.front(), times.at(0));
+          return true;
+        },
+        status);
+  }
+  return measure(
+      task, lock, 1, timeout,
+      [&](uint64_t, const Measurement& m) { *value = static_cast<uint32_t>(m.value); }, status);
 }
 
 uint32_t readPairs(SimTask& task, PairKind kind, zqgopher_IArrayBuffer* buffer, int64_t samples,

@@ -18,5 +18,7 @@ uint32_t readCounterTicks(SimTask& task, std::unique_lock<std::mutex>& lock, zqg
                           bool byScan, int64_t samples, double timeout, zqerr_Status* status);
 uint32_t readCounterScalar(SimTask& task, std::unique_lock<std::mutex>& lock, double timeout, double* value,
                            zqerr_Status* status);
+uint32_t readCounterTicksScalar(SimTask& task, std::unique_lock<std::mutex>& lock, double timeout,
+                                uint32_t* value, zqerr_Status* status);
 
 }  // namespace zqsim

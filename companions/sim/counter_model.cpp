@@ -240,8 +240,7 @@ uint32_t counterTicks(const SimTask& task, const Channel& c, double tau) {
   return static_cast<uint32_t>(rawCount(task, c, tau));
 }
 
-bool nextMeasurement(const SimTask&, const Channel& c, double cursor, double now, Measurement* m,
-                     double* expected) {
+bool nextMeasurement(const Channel& c, double cursor, double now, Measurement* m, double* expected) {
   *expected = kNaN;
   const SignalPtr signal = inputSignal(c, false);
   const double horizon = now + 3600;

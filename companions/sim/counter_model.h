@@ -30,7 +30,6 @@ struct Measurement {
 };
 // The next measurement after `cursor` complete by `now`; false when there is none yet, with
 // the time it is expected in `expected` (NaN when unknown).
-bool nextMeasurement(const SimTask& task, const Channel& channel, double cursor, double now, Measurement* m,
-                     double* expected);
+bool nextMeasurement(const Channel& channel, double cursor, double now, Measurement* m, double* expected);
 
 }  // namespace zqsim

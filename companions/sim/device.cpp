@@ -138,6 +138,12 @@ Device::Settings Device::readSettings(const std::string& name, double* speed, bo
 }
 
 void Device::refresh() {
+  {
+    std::lock_guard<std::mutex> guard(mutex_);
+    const auto now = std::chrono::steady_clock::now();
+    if (now - lastRefresh_ < std::chrono::milliseconds(500)) return;
+    lastRefresh_ = now;
+  }
   LocalStatus status;
   const StorageLink* link = storageLink(&status);
   if (!link) return;
@@ -156,11 +162,6 @@ void Device::refresh() {
   if (!found) return;
   std::lock_guard<std::mutex> guard(mutex_);
   settings_ = std::move(fresh);
-}
-
-uint64_t Device::seed() const {
-  std::lock_guard<std::mutex> guard(mutex_);
-  return settings_.seed;
 }
 
 InputView Device::input(uint32_t channel) const {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -65,9 +66,9 @@ class Device {
   const std::string& name() const { return name_; }
   const DeviceClock& clock() const { return clock_; }
   double now() const { return clock_.now(); }
-  uint64_t seed() const;
 
-  // Reads the signal settings again when the store changed since they were read.
+  // Reads the signal settings again when the store changed since they were read; the store is
+  // asked at most twice a second, so that single-point reads and writes stay cheap.
   void refresh();
   InputView input(uint32_t channel) const;
 
@@ -108,6 +109,7 @@ class Device {
   const DeviceClock clock_;
   mutable std::mutex mutex_;
   Settings settings_;
+  std::chrono::steady_clock::time_point lastRefresh_{};
   std::map<std::string, std::pair<uint64_t, std::string>> reservations_;
   std::array<std::vector<AnalogSpan>, DeviceModel::kAnalogOutputs> outputs_;
   std::map<std::string, std::vector<DriveSpan>> signals_;

@@ -137,11 +137,6 @@ std::optional<Terminal> parseTerminal(std::string_view text) {
   return terminal;
 }
 
-std::string terminalText(const std::string& device, const Terminal& terminal) {
-  if (terminal.isPfi) return "/" + device + "/PFI" + std::to_string(terminal.pfi);
-  return "/" + device + "/" + terminal.signal;
-}
-
 std::string subsystemSignal(std::string_view subsystem, std::string_view signal) {
   return std::string(subsystem) + "/" + std::string(signal);
 }

@@ -70,7 +70,6 @@ struct Terminal {
   std::string signal;  // lower case, such as "ai/sampleclock" or "ctr0internaloutput"
 };
 std::optional<Terminal> parseTerminal(std::string_view text);
-std::string terminalText(const std::string& device, const Terminal& terminal);
 
 // Internal signals a task publishes.
 inline constexpr const char* kSampleClock = "sampleclock";

@@ -29,12 +29,6 @@ double earliest(double a, double b) {
 
 uint32_t clampCount(uint64_t n) { return static_cast<uint32_t>(std::min<uint64_t>(n, 0xFFFFFFFFu)); }
 
-// Occurrences of a signal in the run so far.
-uint64_t signalCount(const SimTask& task, int32_t signal) {
-  if (signal == kSignalCounterOutput) return task.progress();
-  return task.progress();
-}
-
 // Collects what is due and returns the device time of the next look (NaN: soon, infinite:
 // when woken).
 double collect(SimTask& task, std::vector<Firing>& firings) {
@@ -63,7 +57,8 @@ double collect(SimTask& task, std::vector<Firing>& firings) {
       continue;
     }
     if (r.eventId == kEventSignal) {
-      const uint64_t occurred = signalCount(task, r.signal);
+      // Sample clock ticks and counter pulses alike: what the run has made so far.
+      const uint64_t occurred = task.progress();
       if (occurred > r.fired) {
         firings.push_back(Firing{r.object, r.eventId, clampCount(occurred - r.fired), 0});
         r.fired = occurred;

@@ -18,7 +18,6 @@ R onTask(zqvorexPlugin_Task_undefined* task, zqerr_Status* status, F&& body) {
 }
 
 // The pairs of a counter write, as the library hands them: one element per pair.
-template <class Pair>
 uint32_t writePairBuffer(zqvorexPlugin_Task_undefined* task, PairKind kind, zqgopher_IArrayBuffer* buffer,
                          bool autoStart, zqerr_Status* status) {
   return onTask<uint32_t>(task, status, [&](SimTask& t) {
@@ -189,8 +188,7 @@ SIM_EXPORT uint32_t zqvorexSim_writePortScalarU32(zqvorexPlugin_Task_undefined* 
 SIM_EXPORT uint32_t zqvorexSim_writeVectorCounterDutyCycleAndFrequencyF64(
     zqvorexPlugin_Task_undefined* task, uint32_t, zqgopher_IArrayBuffer* buffer,
     const zqvorexPlugin_ReadLayout*, bool autoStart, double, void*, zqerr_Status* status) {
-  return writePairBuffer<zqvorexPlugin_DutyCycleAndFrequencyF64>(task, PairKind::kFrequency, buffer,
-                                                                 autoStart, status);
+  return writePairBuffer(task, PairKind::kFrequency, buffer, autoStart, status);
 }
 
 SIM_EXPORT uint32_t zqvorexSim_writeVectorCounterHighAndLowTimesF64(zqvorexPlugin_Task_undefined* task,
@@ -198,7 +196,7 @@ SIM_EXPORT uint32_t zqvorexSim_writeVectorCounterHighAndLowTimesF64(zqvorexPlugi
                                                                     const zqvorexPlugin_ReadLayout*,
                                                                     bool autoStart, double, void*,
                                                                     zqerr_Status* status) {
-  return writePairBuffer<zqvorexPlugin_HighAndLowTimesF64>(task, PairKind::kTime, buffer, autoStart, status);
+  return writePairBuffer(task, PairKind::kTime, buffer, autoStart, status);
 }
 
 SIM_EXPORT uint32_t zqvorexSim_writeVectorCounterHighAndLowTicksU32(zqvorexPlugin_Task_undefined* task,
@@ -206,7 +204,7 @@ SIM_EXPORT uint32_t zqvorexSim_writeVectorCounterHighAndLowTicksU32(zqvorexPlugi
                                                                     const zqvorexPlugin_ReadLayout*,
                                                                     bool autoStart, double, void*,
                                                                     zqerr_Status* status) {
-  return writePairBuffer<zqvorexPlugin_HighAndLowTicksU32>(task, PairKind::kTicks, buffer, autoStart, status);
+  return writePairBuffer(task, PairKind::kTicks, buffer, autoStart, status);
 }
 
 SIM_EXPORT uint32_t zqvorexSim_writeScalarCounterDutyCycleAndFrequencyF64(

@@ -239,11 +239,7 @@ uint32_t readBinaryScalar(SimTask& task, double timeout, uint32_t* value, zqerr_
     SIM_FAIL(status, nZQMSTS::kErrorNULLPtr);
     return 0;
   }
-  double scaled = 0;
-  const uint32_t got = readCounterScalar(task, lock, timeout, &scaled, status);
-  *value = counterTicks(task, task.channels.front(), task.device()->now());
-  (void)scaled;
-  return got;
+  return readCounterTicksScalar(task, lock, timeout, value, status);
 }
 
 uint32_t readRaw(SimTask& task, zqgopher_IArrayBuffer* buffer, int64_t samples, double timeout,

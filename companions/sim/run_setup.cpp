@@ -35,19 +35,6 @@ bool timingAllowed(const SimTask& task, int32_t timing) {
   }
 }
 
-bool checkRate(const SimTask& task, zqerr_Status* status) {
-  const double rate = task.rate();
-  const double maximum = maximumRate(task);
-  if (rate >= DeviceModel::kMinRate && rate <= maximum * (1 + 1e-9)) return true;
-  SIM_FAIL(status, nZQMDEV::kErrorSampleRateOutOfRange,
-           Items()
-               .attribute(Vorex_SampClkRate)
-               .f64(usage::kValueRequested, rate)
-               .f64(usage::kMinimum, DeviceModel::kMinRate)
-               .f64(usage::kMaximum, maximum));
-  return false;
-}
-
 const char* subsystemOf(int32_t kind) {
   switch (kind) {
     case kAI:
@@ -331,6 +318,18 @@ double maximumRate(const SimTask& task) {
   }
 }
 
+bool checkRate(const SimTask& task, double rate, zqerr_Status* status) {
+  const double maximum = maximumRate(task);
+  if (rate >= DeviceModel::kMinRate && rate <= maximum * (1 + 1e-9)) return true;
+  SIM_FAIL(status, nZQMDEV::kErrorSampleRateOutOfRange,
+           Items()
+               .attribute(Vorex_SampClkRate)
+               .f64(usage::kValueRequested, rate)
+               .f64(usage::kMinimum, DeviceModel::kMinRate)
+               .f64(usage::kMaximum, maximum));
+  return false;
+}
+
 const Channel* channelBySource(const SimTask& task, const std::string& source) {
   const std::string_view wanted = trim(source);
   for (const Channel& channel : task.channels) {
@@ -390,7 +389,8 @@ bool verifyConfiguration(SimTask& task, zqerr_Status* status) {
              Items().attribute(Vorex_SampTimingType).i32(usage::kValueRequested, timing));
     return false;
   }
-  if (timing == kSampClk && (!checkRate(task, status) || !checkClockSource(task, status))) return false;
+  if (timing == kSampClk && (!checkRate(task, task.rate(), status) || !checkClockSource(task, status)))
+    return false;
   return checkTriggers(task, status) && checkChannels(task, status) && checkCounterChannels(task, status);
 }
 

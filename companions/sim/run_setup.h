@@ -17,8 +17,9 @@ void publishSignals(SimTask& task);
 bool planFor(const Channel& channel, AnalogPlan* plan, zqerr_Status* status);
 // The task's channel named by `source` (its name or its physical channel), or null.
 const Channel* channelBySource(const SimTask& task, const std::string& source);
-// The largest sample rate the task's channels allow.
+// The largest sample rate the task's channels allow, and the check of a rate against it.
 double maximumRate(const SimTask& task);
+bool checkRate(const SimTask& task, double rate, zqerr_Status* status);
 // A terminal of the task's device, as a source that is looked up each time it is asked.
 bool terminalSource(const SimTask& task, const std::string& text, std::function<SignalPtr()>* source,
                     zqerr_Status* status, int32_t attributeId);

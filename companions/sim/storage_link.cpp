@@ -140,8 +140,6 @@ const StorageLink* storageLink(zqerr_Status* status) {
   return link;
 }
 
-bool storageAvailable() { return bindOnce() != nullptr; }
-
 TextOut::TextOut() : boundary_{{&kTextTable}, &text} {}
 
 TextListOut::TextListOut() {

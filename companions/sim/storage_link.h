@@ -14,9 +14,10 @@ namespace zqsim {
 
 #define SIM_STORAGE_FUNCTIONS(X)                                                                                       \
   X(getSession)                                                                                                        \
-  X(releaseSession) X(beginReadOperation) X(endReadOperation) X(getLastChangeNumber) X(                                \
-      getObjectIDForNameInNamespace) X(getObjectStringProperty) X(getObjectF64Property) X(getObjectU64Property)        \
-      X(getObjectProperties) X(getSessionFromConfigString) X(appendObjectsForStorageClass) X(getObjectName) X(         \
+  X(releaseSession)                                                                                                    \
+  X(beginReadOperation) X(endReadOperation) X(getLastChangeNumber) X(getObjectIDForNameInNamespace) X(                 \
+      getObjectStringProperty) X(getObjectF64Property) X(getObjectU64Property) X(getObjectProperties)                  \
+      X(getSessionFromConfigString) X(appendObjectsForStorageClass) X(getObjectName) X(                                \
           beginStorageSpecReadOperation) X(endStorageSpecReadOperation) X(beginStorageSpecWriteOperation)              \
           X(endStorageSpecWriteOperation) X(getChannelSpecificationByName) X(                                          \
               getChannelSpecificationByTaskAndChan) X(getTaskSpecification) X(save) X(setChannelSpecification)         \
@@ -56,8 +57,6 @@ struct StorageLink {
 
 // The bound library, or null (with the reason in `status`) when it is not beside the plug-in.
 const StorageLink* storageLink(zqerr_Status* status);
-// Whether it can be bound at all; no status is touched.
-bool storageAvailable();
 
 // The plug-in's own boundary objects for what the storage library hands back.
 // Each object begins with the table pointer and then points at what it fills.

@@ -92,13 +92,6 @@ Value SimTask::setting(int32_t attributeId) const {
   } else if (d->type != AttrType::kString && d->type != AttrType::kStrings) {
     v.integer = static_cast<int64_t>(d->initial);
   }
-  // A counter output makes one pulse unless timed; other tasks sample on demand.
-  if (attributeId == Vorex_SampTimingType && (kind() == val::kCO || kind() == val::kCI)) {
-    const bool measures =
-        kind() == val::kCI && !channels.empty() && channels.front().type != val::kMeasCountEdges &&
-        channels.front().type != val::kMeasLinEncoder && channels.front().type != val::kMeasAngEncoder;
-    if (kind() == val::kCO || measures) v.integer = val::kOnDemand;
-  }
   return v;
 }
 

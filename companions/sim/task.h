@@ -55,7 +55,6 @@ struct Run {
   std::shared_ptr<const PulseTrain> pulses;  // a counter output's train
   // Counter inputs: where the last measurement ended.
   double measureCursor = 0;
-  uint64_t measured = 0;
 };
 
 class SimTask : public std::enable_shared_from_this<SimTask> {
