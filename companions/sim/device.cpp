@@ -97,7 +97,7 @@ void Device::forgetAll() {
 
 Device::Settings Device::readSettings(const std::string& name, double* speed, bool* found) {
   Settings s;
-  for (uint32_t ai = 0; ai < DeviceModel::kAnalogInputs; ++ai) s.specs[ai] = defaultSignal(ai);
+  for (uint32_t ai = 0; ai < DeviceModel::kAnalogInputs; ++ai) s.signals[ai] = defaultSignal(ai);
   LocalStatus status;
   const StorageLink* link = storageLink(&status);
   // Without the storage library every device has the default signals: the plug-in still runs.
@@ -117,15 +117,15 @@ Device::Settings Device::readSettings(const std::string& name, double* speed, bo
     link->getObjectStringProperty(store.lock(), &id, settings::kSignalFirst + ai, text.boundary(), &own);
     if (own.code == kPropertyMissing) continue;
     std::string error;
-    const auto spec = own.code < 0 ? std::nullopt : parseSignalSpec(text.text, &error);
-    if (!spec) {
+    const auto signal = own.code < 0 ? std::nullopt : parseSignalSetting(text.text, &error);
+    if (!signal) {
       s.errors[ai] = own.code < 0 ? "the setting cannot be read from the store" : error;
       continue;
     }
-    s.specs[ai] = *spec;
-    if (spec->kind == WaveKind::kFile) {
-      s.recordings[ai] = loadRecording(*spec, &error);
-      if (!s.recordings[ai]) s.errors[ai] = spec->path + ": " + error;
+    s.signals[ai] = *signal;
+    if (signal->kind == WaveKind::kFile) {
+      s.recordings[ai] = loadRecording(*signal, &error);
+      if (!s.recordings[ai]) s.errors[ai] = signal->path + ": " + error;
     }
   }
   LocalStatus own;
@@ -167,7 +167,7 @@ void Device::refresh() {
 InputView Device::input(uint32_t channel) const {
   std::lock_guard<std::mutex> guard(mutex_);
   InputView view;
-  view.wave = Waveform(settings_.specs[channel], channel, settings_.seed, settings_.recordings[channel]);
+  view.wave = Waveform(settings_.signals[channel], channel, settings_.seed, settings_.recordings[channel]);
   view.error = settings_.errors[channel];
   if (channel < DeviceModel::kAnalogOutputs) view.drives = outputs_[channel];
   return view;

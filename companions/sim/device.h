@@ -95,7 +95,7 @@ class Device {
 
  private:
   struct Settings {
-    std::array<SignalSpec, DeviceModel::kAnalogInputs> specs{};
+    std::array<SignalSetting, DeviceModel::kAnalogInputs> signals{};
     std::array<std::shared_ptr<const Recording>, DeviceModel::kAnalogInputs> recordings{};
     std::array<std::string, DeviceModel::kAnalogInputs> errors{};
     uint64_t seed = 0;

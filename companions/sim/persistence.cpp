@@ -82,15 +82,15 @@ bool readBlock(const std::string& text, Store* store, const std::string& what, z
   return true;
 }
 
-// A channel specification's name, physical channels and settings, into the task.
-bool restoreFromSpec(SimTask& task, const StorageLink& link, uint64_t spec, const std::string& globalName,
-                     zqerr_Status* status) {
+// A channel definition's name, physical channels and settings, into the task.
+bool restoreFromDefinition(SimTask& task, const StorageLink& link, uint64_t definition,
+                           const std::string& globalName, zqerr_Status* status) {
   TextOut name;
   TextListOut physical;
   TextOut block;
-  link.ChannelSpecification_getName(spec, name.boundary(), status);
-  link.ChannelSpecification_getPhysicalChannelNameList(spec, physical.boundary(), status);
-  link.ChannelSpecification_getChannelAttributeDataBlock(spec, block.boundary(), status);
+  link.ChannelSpecification_getName(definition, name.boundary(), status);
+  link.ChannelSpecification_getPhysicalChannelNameList(definition, physical.boundary(), status);
+  link.ChannelSpecification_getChannelAttributeDataBlock(definition, block.boundary(), status);
   if (!isOpen(status)) return false;
   Store settings;
   if (!readBlock(block.text, &settings, "the settings of channel " + name.text, status)) return false;
@@ -99,29 +99,30 @@ bool restoreFromSpec(SimTask& task, const StorageLink& link, uint64_t spec, cons
 
 bool loadGlobal(SimTask& task, const StorageLink& link, uint64_t token, const std::string& name,
                 zqerr_Status* status) {
-  SpecHandle spec(link, link.getChannelSpecificationByName(token, name.c_str(), status), false);
+  DefinitionHandle definition(link, link.getChannelSpecificationByName(token, name.c_str(), status), false);
   if (!isOpen(status)) return false;
-  if (!spec) {
+  if (!definition) {
     SIM_FAIL(status, nZQMSTS100::kErrorVirtualChanDoesNotExist, Items().text(usage::kChannelName, name));
     return false;
   }
-  return restoreFromSpec(task, link, spec.get(), name, status);
+  return restoreFromDefinition(task, link, definition.get(), name, status);
 }
 
 // The task `savedName` of a session; global channels it uses come from `globals` (the local store).
 bool loadFromSession(SimTask& task, const StorageLink& link, uint64_t session, uint64_t globalsSession,
                      const std::string& savedName, zqerr_Status* status) {
-  SpecSection section(link, session, false, status);
-  SpecHandle spec(link, link.getTaskSpecification(section.token(), savedName.c_str(), status), true);
+  DefinitionSection section(link, session, false, status);
+  DefinitionHandle definition(link, link.getTaskSpecification(section.token(), savedName.c_str(), status),
+                              true);
   if (!isOpen(status)) return false;
-  if (!spec) {
+  if (!definition) {
     SIM_FAIL(status, nZQMSTS::kErrorTaskNotInDataNeighborhood,
              Items().text("kUsageTypeInvalidTaskName", savedName));
     return false;
   }
   TextListOut channels;
   TextListOut globals;
-  link.ChannelTaskSpecification_getChannelDataList(spec.get(), channels.boundary(), globals.boundary(),
+  link.ChannelTaskSpecification_getChannelDataList(definition.get(), channels.boundary(), globals.boundary(),
                                                    status);
   const std::pair<void (*)(uint64_t, zqgopher_IString*, zqerr_Status*), Store*> blocks[] = {
       {link.ChannelTaskSpecification_getTimingAttributeDataBlock, &task.timing},
@@ -131,7 +132,7 @@ bool loadFromSession(SimTask& task, const StorageLink& link, uint64_t session, u
   Store stores[4];
   for (size_t i = 0; i < 4 && isOpen(status); ++i) {
     TextOut block;
-    blocks[i].first(spec.get(), block.boundary(), status);
+    blocks[i].first(definition.get(), block.boundary(), status);
     if (isOpen(status) && !readBlock(block.text, &stores[i], "the settings of task " + savedName, status))
       return false;
   }
@@ -139,22 +140,22 @@ bool loadFromSession(SimTask& task, const StorageLink& link, uint64_t session, u
   for (size_t i = 0; i < channels.items.size(); ++i) {
     const std::string global = i < globals.items.size() ? globals.items[i] : "";
     if (!global.empty()) {
-      SpecSection local(link, globalsSession, false, status);
+      DefinitionSection local(link, globalsSession, false, status);
       // A global channel lies in the text itself when the text holds it, else in the store.
-      SpecHandle inText(link, link.getChannelSpecificationByName(section.token(), global.c_str(), status),
-                        false);
-      if (inText && !restoreFromSpec(task, link, inText.get(), global, status)) return false;
+      DefinitionHandle inText(
+          link, link.getChannelSpecificationByName(section.token(), global.c_str(), status), false);
+      if (inText && !restoreFromDefinition(task, link, inText.get(), global, status)) return false;
       if (!inText && !loadGlobal(task, link, local.token(), global, status)) return false;
       continue;
     }
-    SpecHandle channel(link,
-                       link.getChannelSpecificationByTaskAndChan(section.token(), savedName.c_str(),
-                                                                 channels.items[i].c_str(), status),
-                       false);
+    DefinitionHandle channel(link,
+                             link.getChannelSpecificationByTaskAndChan(section.token(), savedName.c_str(),
+                                                                       channels.items[i].c_str(), status),
+                             false);
     if (!channel && isOpen(status))
       SIM_FAIL(status, nZQMSTS100::kErrorVirtualChanDoesNotExist,
                Items().text(usage::kChannelName, channels.items[i]));
-    if (!isOpen(status) || !restoreFromSpec(task, link, channel.get(), "", status)) return false;
+    if (!isOpen(status) || !restoreFromDefinition(task, link, channel.get(), "", status)) return false;
   }
   std::lock_guard<std::mutex> guard(task.mutex);
   for (size_t i = 0; i < 4; ++i)
@@ -163,21 +164,22 @@ bool loadFromSession(SimTask& task, const StorageLink& link, uint64_t session, u
   return true;
 }
 
-void fillChannelSpec(const StorageLink& link, uint64_t spec, const Channel& c, const std::string& name,
-                     const std::string& parent, const std::string& author, zqerr_Status* status) {
+void fillChannelDefinition(const StorageLink& link, uint64_t definition, const Channel& c,
+                           const std::string& name, const std::string& parent, const std::string& author,
+                           zqerr_Status* status) {
   const std::vector<std::string> physical = physicalList(c);
   const TextListIn physicalView(physical);
   const std::string block = encodeStore(savedSettings(c));
-  link.ChannelSpecification_setName(spec, name.c_str(), status);
-  link.ChannelSpecification_setParentTaskName(spec, parent.c_str(), status);
-  link.ChannelSpecification_setIsGlobal(spec, parent.empty(), status);
-  link.ChannelSpecification_setChannelType(spec, c.type ? c.type : c.kind, status);
-  link.ChannelSpecification_setEndpointDeviceIdentifier(spec, c.device->name().c_str(), status);
-  link.ChannelSpecification_setPhysicalChannelNameList(spec, physicalView.view(), status);
-  link.ChannelSpecification_setChannelAttributeDataBlock(spec, block.data(), block.size(), status);
-  link.ChannelSpecification_setAuthor(spec, author.c_str(), status);
-  link.ChannelSpecification_setSavedFromApi(spec, true, status);
-  link.ChannelSpecification_setVerified(spec, true, status);
+  link.ChannelSpecification_setName(definition, name.c_str(), status);
+  link.ChannelSpecification_setParentTaskName(definition, parent.c_str(), status);
+  link.ChannelSpecification_setIsGlobal(definition, parent.empty(), status);
+  link.ChannelSpecification_setChannelType(definition, c.type ? c.type : c.kind, status);
+  link.ChannelSpecification_setEndpointDeviceIdentifier(definition, c.device->name().c_str(), status);
+  link.ChannelSpecification_setPhysicalChannelNameList(definition, physicalView.view(), status);
+  link.ChannelSpecification_setChannelAttributeDataBlock(definition, block.data(), block.size(), status);
+  link.ChannelSpecification_setAuthor(definition, author.c_str(), status);
+  link.ChannelSpecification_setSavedFromApi(definition, true, status);
+  link.ChannelSpecification_setVerified(definition, true, status);
 }
 
 }  // namespace
@@ -219,43 +221,45 @@ void saveTask(SimTask& task, const std::string& name, const std::string& author,
   if (!link) return;
   std::lock_guard<std::mutex> guard(task.mutex);
   const SessionHolder session(*link, link->getSession(task.context->name.c_str(), status));
-  SpecSection section(*link, session.get(), true, status);
-  SpecHandle spec(*link, link->createTaskSpecification(status), true);
+  DefinitionSection section(*link, session.get(), true, status);
+  DefinitionHandle definition(*link, link->createTaskSpecification(status), true);
   if (!isOpen(status)) return;
   std::vector<std::string> channels = task.channelNames();
   std::vector<std::string> globals;
   for (const Channel& c : task.channels) globals.push_back(c.globalName);
   const TextListIn channelView(channels);
   const TextListIn globalView(globals);
-  link->ChannelTaskSpecification_setName(spec.get(), name.c_str(), status);
-  link->ChannelTaskSpecification_setChannelDataList(spec.get(), channelView.view(), globalView.view(),
+  link->ChannelTaskSpecification_setName(definition.get(), name.c_str(), status);
+  link->ChannelTaskSpecification_setChannelDataList(definition.get(), channelView.view(), globalView.view(),
                                                     status);
   const std::string timing = encodeStore(task.timing);
   const std::string read = encodeStore(task.read);
   const std::string write = encodeStore(task.write);
   const std::string buffer = encodeStore(task.buffer);
-  link->ChannelTaskSpecification_setTimingAttributeDataBlock(spec.get(), timing.data(), timing.size(),
+  link->ChannelTaskSpecification_setTimingAttributeDataBlock(definition.get(), timing.data(), timing.size(),
                                                              status);
-  link->ChannelTaskSpecification_setReadAttributeDataBlock(spec.get(), read.data(), read.size(), status);
-  link->ChannelTaskSpecification_setWriteAttributeDataBlock(spec.get(), write.data(), write.size(), status);
-  link->ChannelTaskSpecification_setDeviceAttributeDataBlock(spec.get(), buffer.data(), buffer.size(),
+  link->ChannelTaskSpecification_setReadAttributeDataBlock(definition.get(), read.data(), read.size(),
+                                                           status);
+  link->ChannelTaskSpecification_setWriteAttributeDataBlock(definition.get(), write.data(), write.size(),
+                                                            status);
+  link->ChannelTaskSpecification_setDeviceAttributeDataBlock(definition.get(), buffer.data(), buffer.size(),
                                                              status);
-  link->ChannelTaskSpecification_setAuthor(spec.get(), author.c_str(), status);
-  link->ChannelTaskSpecification_setSavedFromApi(spec.get(), true, status);
-  link->ChannelTaskSpecification_setQexLockStatus(spec.get(), !allowEditing, status);
-  link->ChannelTaskSpecification_setQexDeleteStatus(spec.get(), !allowDeletion, status);
-  link->ChannelTaskSpecification_setVerified(spec.get(), true, status);
+  link->ChannelTaskSpecification_setAuthor(definition.get(), author.c_str(), status);
+  link->ChannelTaskSpecification_setSavedFromApi(definition.get(), true, status);
+  link->ChannelTaskSpecification_setQexLockStatus(definition.get(), !allowEditing, status);
+  link->ChannelTaskSpecification_setQexDeleteStatus(definition.get(), !allowDeletion, status);
+  link->ChannelTaskSpecification_setVerified(definition.get(), true, status);
   if (!isOpen(status)) return;
   if (overwrite) {
     // A replaced task takes none of its old channels along.
     LocalStatus gone;
     link->deleteTask(section.token(), name.c_str(), &gone);
   }
-  link->addTask(section.token(), spec.get(), status);
+  link->addTask(section.token(), definition.get(), status);
   for (const Channel& c : task.channels) {
     if (!c.globalName.empty() || !isOpen(status)) continue;
-    SpecHandle channel(*link, link->createChannelSpecification(status), false);
-    fillChannelSpec(*link, channel.get(), c, c.name, name, author, status);
+    DefinitionHandle channel(*link, link->createChannelSpecification(status), false);
+    fillChannelDefinition(*link, channel.get(), c, c.name, name, author, status);
     link->setChannelSpecification(section.token(), channel.get(), status);
   }
   if (isOpen(status)) link->save(section.token(), status);
@@ -272,14 +276,15 @@ void saveGlobalChannel(SimTask& task, const std::string& channelName, const std:
     return;
   }
   const SessionHolder session(*link, link->getSession(task.context->name.c_str(), status));
-  SpecSection section(*link, session.get(), true, status);
-  SpecHandle spec(*link, link->createChannelSpecification(status), false);
+  DefinitionSection section(*link, session.get(), true, status);
+  DefinitionHandle definition(*link, link->createChannelSpecification(status), false);
   if (!isOpen(status)) return;
-  fillChannelSpec(*link, spec.get(), *channel, name.empty() ? channel->name : name, "", author, status);
+  fillChannelDefinition(*link, definition.get(), *channel, name.empty() ? channel->name : name, "", author,
+                        status);
   if (overwrite) {
-    link->setChannelSpecification(section.token(), spec.get(), status);
+    link->setChannelSpecification(section.token(), definition.get(), status);
   } else {
-    link->addChannel(section.token(), spec.get(), status);
+    link->addChannel(section.token(), definition.get(), status);
   }
   if (isOpen(status)) link->save(section.token(), status);
 }
@@ -316,7 +321,7 @@ bool addGlobalChannels(SimTask& task, const std::string& url, const std::string&
   const StorageLink* link = storageLink(status);
   if (!link) return false;
   StoreReader store(*link, url, status);
-  SpecSection section(*link, store.session(), false, status);
+  DefinitionSection section(*link, store.session(), false, status);
   for (const std::string& name : splitList(names))
     if (!loadGlobal(task, *link, section.token(), name, status)) return false;
   return isOpen(status);

@@ -113,7 +113,7 @@ struct AnalogProbe {
 };
 
 bool analogTrigger(const SimTask& task, const std::string& source, int32_t attributeId, double origin,
-                   TriggerSpec* trigger, zqerr_Status* status) {
+                   TriggerSetup* trigger, zqerr_Status* status) {
   const Channel* channel = channelBySource(task, source);
   if (!channel || channel->kind != kAI) {
     SIM_FAIL(status, nZQMDEV::kErrorRouteNotSupported,
@@ -131,7 +131,7 @@ bool analogTrigger(const SimTask& task, const std::string& source, int32_t attri
   return true;
 }
 
-bool patternTrigger(const SimTask& task, const TriggerIds& ids, TriggerSpec* trigger, zqerr_Status* status) {
+bool patternTrigger(const SimTask& task, const TriggerIds& ids, TriggerSetup* trigger, zqerr_Status* status) {
   const std::vector<std::string> sources = task.setting(ids.patternSource).texts;
   NameError error;
   const auto lines = parsePhysicalList(joinList(sources, ","), &error);
@@ -160,7 +160,7 @@ bool patternTrigger(const SimTask& task, const TriggerIds& ids, TriggerSpec* tri
   return true;
 }
 
-bool compileTrigger(const SimTask& task, const TriggerIds& ids, double origin, TriggerSpec* trigger,
+bool compileTrigger(const SimTask& task, const TriggerIds& ids, double origin, TriggerSetup* trigger,
                     zqerr_Status* status) {
   trigger->type = task.settingI32(ids.type);
   switch (trigger->type) {
@@ -202,8 +202,8 @@ bool compileTrigger(const SimTask& task, const TriggerIds& ids, double origin, T
 }
 
 bool checkTriggers(const SimTask& task, zqerr_Status* status) {
-  TriggerSpec start;
-  TriggerSpec reference;
+  TriggerSetup start;
+  TriggerSetup reference;
   if (!compileTrigger(task, kStartIds, 0, &start, status)) return false;
   const bool analog = start.type == kAnlgEdge || start.type == kAnlgWin;
   if (analog && task.settingI32(Vorex_SampTimingType) != kSampClk) {
@@ -262,20 +262,20 @@ double electricalFactor(const Channel& channel) {
 }
 
 void driveFunctionGenerator(const Channel& channel, double start, uint64_t owner) {
-  SignalSpec spec;
+  SignalSetting signal;
   const int32_t type = channel.i32(Vorex_AOFuncGenType, kFuncSine);
-  spec.kind = type == kFuncSquare     ? WaveKind::kSquare
-              : type == kFuncTriangle ? WaveKind::kTriangle
-              : type == kFuncSawtooth ? WaveKind::kSawtooth
-                                      : WaveKind::kSine;
-  spec.amplitude = channel.f64(Vorex_AOFuncGenAmplitude, 1);
-  spec.frequency = channel.f64(Vorex_AOFuncGenFreq, 1000);
-  spec.offset = channel.f64(Vorex_AOFuncGenOffset, 0);
-  spec.noise = 0;
+  signal.kind = type == kFuncSquare     ? WaveKind::kSquare
+                : type == kFuncTriangle ? WaveKind::kTriangle
+                : type == kFuncSawtooth ? WaveKind::kSawtooth
+                                        : WaveKind::kSine;
+  signal.amplitude = channel.f64(Vorex_AOFuncGenAmplitude, 1);
+  signal.frequency = channel.f64(Vorex_AOFuncGenFreq, 1000);
+  signal.offset = channel.f64(Vorex_AOFuncGenOffset, 0);
+  signal.noise = 0;
   // The generator's phase starts at 0 when it starts.
-  spec.phase = -360.0 * std::fmod(spec.frequency * start, 1.0);
+  signal.phase = -360.0 * std::fmod(signal.frequency * start, 1.0);
   channel.device->driveOutput(channel.physical.front().index, start,
-                              std::make_shared<WaveOutput>(Waveform(spec, 0, 0, nullptr)), owner);
+                              std::make_shared<WaveOutput>(Waveform(signal, 0, 0, nullptr)), owner);
 }
 
 bool setUpOutputs(SimTask& task, Run& run, zqerr_Status* status) {

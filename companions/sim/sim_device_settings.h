@@ -12,7 +12,7 @@ inline constexpr uint32_t kDeviceClass = 0x5D01;
 inline constexpr const char* kDeviceClassName = "Simulated multifunction device";
 inline constexpr const char* kDefaultDevice = "SimDev1";
 
-// Text, the signal of analog input n (signal_spec.h), at kSignalFirst + n.
+// Text, the signal of analog input n (signal_setting.h), at kSignalFirst + n.
 inline constexpr uint32_t kSignalFirst = 0x7A5D0000;
 // Real number: simulated seconds per second of the wall clock; 1 when absent.
 inline constexpr uint32_t kSpeed = 0x7A5D0100;

@@ -185,14 +185,15 @@ SessionHolder::~SessionHolder() {
   if (session_) link_.releaseSession(session_, &own);
 }
 
-SpecSection::SpecSection(const StorageLink& link, uint64_t session, bool write, zqerr_Status* status)
+DefinitionSection::DefinitionSection(const StorageLink& link, uint64_t session, bool write,
+                                     zqerr_Status* status)
     : link_(link), write_(write) {
   if (!isOpen(status) || !session) return;
   token_ = write ? link_.beginStorageSpecWriteOperation(session, status)
                  : link_.beginStorageSpecReadOperation(session, status);
 }
 
-SpecSection::~SpecSection() {
+DefinitionSection::~DefinitionSection() {
   LocalStatus own;
   if (!token_) return;
   if (write_) {
@@ -202,7 +203,7 @@ SpecSection::~SpecSection() {
   }
 }
 
-SpecHandle::~SpecHandle() {
+DefinitionHandle::~DefinitionHandle() {
   LocalStatus own;
   if (!handle_) return;
   if (isTask_) {

@@ -15,15 +15,16 @@ namespace zqsim {
 #define SIM_STORAGE_FUNCTIONS(X)                                                                                       \
   X(getSession)                                                                                                        \
   X(releaseSession)                                                                                                    \
-  X(beginReadOperation) X(endReadOperation) X(getLastChangeNumber) X(getObjectIDForNameInNamespace) X(                 \
-      getObjectStringProperty) X(getObjectF64Property) X(getObjectU64Property) X(getObjectProperties)                  \
-      X(getSessionFromConfigString) X(appendObjectsForStorageClass) X(getObjectName) X(                                \
-          beginStorageSpecReadOperation) X(endStorageSpecReadOperation) X(beginStorageSpecWriteOperation)              \
-          X(endStorageSpecWriteOperation) X(getChannelSpecificationByName) X(                                          \
-              getChannelSpecificationByTaskAndChan) X(getTaskSpecification) X(save) X(setChannelSpecification)         \
-              X(addChannel) X(setTaskSpecification) X(addTask) X(deleteTask) X(createChannelSpecification) X(          \
-                  destroyChannelSpecification) X(createTaskSpecification) X(destroyTaskSpecification)                  \
-                  X(ChannelSpecification_getName) X(ChannelSpecification_getEndpointDeviceIdentifier) X(               \
+  X(beginReadOperation)                                                                                                \
+  X(endReadOperation) X(getLastChangeNumber) X(getObjectIDForNameInNamespace) X(getObjectStringProperty) X(            \
+      getObjectF64Property) X(getObjectU64Property) X(getObjectProperties) X(getSessionFromConfigString)               \
+      X(appendObjectsForStorageClass) X(getObjectName) X(beginStorageSpecReadOperation) X(                             \
+          endStorageSpecReadOperation) X(beginStorageSpecWriteOperation) X(endStorageSpecWriteOperation)               \
+          X(getChannelSpecificationByName) X(getChannelSpecificationByTaskAndChan) X(                                  \
+              getTaskSpecification) X(save) X(setChannelSpecification) X(addChannel) X(setTaskSpecification)           \
+              X(addTask) X(deleteTask) X(createChannelSpecification) X(destroyChannelSpecification) X(                 \
+                  createTaskSpecification) X(destroyTaskSpecification) X(ChannelSpecification_getName)                 \
+                  X(ChannelSpecification_getEndpointDeviceIdentifier) X(                                               \
                       ChannelSpecification_getPhysicalChannelNameList) X(ChannelSpecification_getChannelType)          \
                       X(ChannelSpecification_getChannelAttributeDataBlock) X(                                          \
                           ChannelSpecification_setName) X(ChannelSpecification_setEndpointDeviceIdentifier)            \
@@ -149,13 +150,13 @@ class SessionHolder {
   uint64_t session_;
 };
 
-// A specification section (read or write) of a session.
-class SpecSection {
+// A section of a session for saved definitions (read or write).
+class DefinitionSection {
  public:
-  SpecSection(const StorageLink& link, uint64_t session, bool write, zqerr_Status* status);
-  ~SpecSection();
-  SpecSection(const SpecSection&) = delete;
-  SpecSection& operator=(const SpecSection&) = delete;
+  DefinitionSection(const StorageLink& link, uint64_t session, bool write, zqerr_Status* status);
+  ~DefinitionSection();
+  DefinitionSection(const DefinitionSection&) = delete;
+  DefinitionSection& operator=(const DefinitionSection&) = delete;
   uint64_t token() const { return token_; }
 
  private:
@@ -164,14 +165,14 @@ class SpecSection {
   uint64_t token_ = 0;
 };
 
-// A task or channel specification, destroyed at the end of the scope.
-class SpecHandle {
+// A task or channel definition, destroyed at the end of the scope.
+class DefinitionHandle {
  public:
-  SpecHandle(const StorageLink& link, uint64_t handle, bool isTask)
+  DefinitionHandle(const StorageLink& link, uint64_t handle, bool isTask)
       : link_(link), handle_(handle), isTask_(isTask) {}
-  ~SpecHandle();
-  SpecHandle(const SpecHandle&) = delete;
-  SpecHandle& operator=(const SpecHandle&) = delete;
+  ~DefinitionHandle();
+  DefinitionHandle(const DefinitionHandle&) = delete;
+  DefinitionHandle& operator=(const DefinitionHandle&) = delete;
   uint64_t get() const { return handle_; }
   explicit operator bool() const { return handle_ != 0; }
 

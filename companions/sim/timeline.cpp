@@ -19,7 +19,7 @@ uint64_t ticksBy(double base, double rate, double tau) {
   return n < 0 ? 0 : static_cast<uint64_t>(n) + 1;
 }
 
-bool matchesPattern(const TriggerSpec& trigger, double tau) {
+bool matchesPattern(const TriggerSetup& trigger, double tau) {
   for (size_t i = 0; i < trigger.lines.size() && i < trigger.pattern.size(); ++i) {
     const char want = trigger.pattern[i];
     if (want == 'x' || want == 'X') continue;
@@ -38,7 +38,7 @@ Timeline::Timeline(std::shared_ptr<Device> device, TimelineConfig config)
                                                                           : kNaN),
       referenced_(config_.reference.type == val::kNone || config_.reference.type == 0) {}
 
-bool Timeline::conditionAt(const TriggerSpec& t, Scan& s, double tau) const {
+bool Timeline::conditionAt(const TriggerSetup& t, Scan& s, double tau) const {
   if (t.type == val::kDigPattern) {
     const bool match = matchesPattern(t, tau);
     const bool wanted = t.when == val::kPatternDoesNotMatch ? !match : match;
@@ -65,7 +65,7 @@ bool Timeline::conditionAt(const TriggerSpec& t, Scan& s, double tau) const {
   return fired;
 }
 
-int64_t Timeline::scan(const TriggerSpec& t, Scan& s, double base, double now, uint64_t minimum) const {
+int64_t Timeline::scan(const TriggerSetup& t, Scan& s, double base, double now, uint64_t minimum) const {
   const uint64_t end = ticksBy(base, config_.rate, now);
   for (; s.next < end; ++s.next) {
     const double tau = base + static_cast<double>(s.next) / config_.rate;
@@ -75,7 +75,7 @@ int64_t Timeline::scan(const TriggerSpec& t, Scan& s, double base, double now, u
 }
 
 void Timeline::advanceStart(double now) {
-  const TriggerSpec& t = config_.start;
+  const TriggerSetup& t = config_.start;
   double found = kNaN;
   if (t.type == val::kDigEdge) {
     found = t.digital()->next(config_.arm, now, t.edge);
@@ -98,7 +98,7 @@ void Timeline::advanceStart(double now) {
 }
 
 void Timeline::advanceReference(double now) {
-  const TriggerSpec& t = config_.reference;
+  const TriggerSetup& t = config_.reference;
   const uint64_t pretrigger = config_.pretrigger;
   double origin = 0;
   Scan state;

@@ -18,7 +18,7 @@ namespace zqsim {
 
 class Device;
 
-struct TriggerSpec {
+struct TriggerSetup {
   int32_t type = 0;           // val::kNone and the trigger types
   Edge edge = Edge::kRising;  // digital edge, or analog slope
   double level = 0;
@@ -39,8 +39,8 @@ struct TimelineConfig {
   double rate = 0;  // samples per second of its clock
   bool finite = false;
   uint64_t samples = 0;  // per channel, when finite
-  TriggerSpec start;
-  TriggerSpec reference;
+  TriggerSetup start;
+  TriggerSetup reference;
   uint32_t pretrigger = 0;
 };
 
@@ -78,8 +78,8 @@ class Timeline {
   void advanceReference(double now);
   // Scans ticks tick0, tick0+1, ... up to the time `now` on a grid that starts at `base`; the
   // first tick at or after `minimum` where the trigger condition holds, or -1.
-  int64_t scan(const TriggerSpec& trigger, Scan& state, double base, double now, uint64_t minimum) const;
-  bool conditionAt(const TriggerSpec& trigger, Scan& state, double tau) const;
+  int64_t scan(const TriggerSetup& trigger, Scan& state, double base, double now, uint64_t minimum) const;
+  bool conditionAt(const TriggerSetup& trigger, Scan& state, double tau) const;
 
   const std::shared_ptr<Device> device_;
   const TimelineConfig config_;

@@ -77,21 +77,21 @@ bool readRaw(const std::string& path, Recording& out, std::string* error) {
 
 }  // namespace
 
-std::shared_ptr<const Recording> loadRecording(const SignalSpec& spec, std::string* error) {
+std::shared_ptr<const Recording> loadRecording(const SignalSetting& signal, std::string* error) {
   auto samples = std::make_shared<Recording>();
   bool read = false;
-  switch (spec.format) {
+  switch (signal.format) {
     case FileFormat::kCsv:
-      read = readCsv(spec.path, spec.column, *samples, error);
+      read = readCsv(signal.path, signal.column, *samples, error);
       break;
     case FileFormat::kF64:
-      read = readRaw<double>(spec.path, *samples, error);
+      read = readRaw<double>(signal.path, *samples, error);
       break;
     case FileFormat::kF32:
-      read = readRaw<float>(spec.path, *samples, error);
+      read = readRaw<float>(signal.path, *samples, error);
       break;
     case FileFormat::kI16:
-      read = readRaw<int16_t>(spec.path, *samples, error);
+      read = readRaw<int16_t>(signal.path, *samples, error);
       break;
   }
   if (read && samples->empty()) {
@@ -108,37 +108,37 @@ double noiseAt(uint64_t seed, uint32_t channel, double tau) {
   return static_cast<double>(bits >> 11) * (2.0 / 9007199254740992.0) - 1.0;
 }
 
-Waveform::Waveform(SignalSpec spec, uint32_t channel, uint64_t seed,
+Waveform::Waveform(SignalSetting signal, uint32_t channel, uint64_t seed,
                    std::shared_ptr<const Recording> recording)
-    : spec_(std::move(spec)), channel_(channel), seed_(seed), recording_(std::move(recording)) {}
+    : setting_(std::move(signal)), channel_(channel), seed_(seed), recording_(std::move(recording)) {}
 
 double Waveform::shape(double tau, double origin) const {
-  const double x = fraction(spec_.frequency * tau + spec_.phase / 360.0);
-  switch (spec_.kind) {
+  const double x = fraction(setting_.frequency * tau + setting_.phase / 360.0);
+  switch (setting_.kind) {
     case WaveKind::kSine:
-      return spec_.amplitude * std::sin(kTwoPi * x);
+      return setting_.amplitude * std::sin(kTwoPi * x);
     case WaveKind::kSquare:
-      return x < spec_.duty / 100.0 ? spec_.amplitude : -spec_.amplitude;
+      return x < setting_.duty / 100.0 ? setting_.amplitude : -setting_.amplitude;
     case WaveKind::kTriangle:
-      return spec_.amplitude * (x < 0.25 ? 4 * x : x < 0.75 ? 2 - 4 * x : 4 * x - 4);
+      return setting_.amplitude * (x < 0.25 ? 4 * x : x < 0.75 ? 2 - 4 * x : 4 * x - 4);
     case WaveKind::kSawtooth:
-      return spec_.amplitude * (2 * fraction(x + 0.5) - 1);
+      return setting_.amplitude * (2 * fraction(x + 0.5) - 1);
     case WaveKind::kConstant:
       return 0;
     case WaveKind::kNoise:
-      return spec_.amplitude * noiseAt(seed_ ^ 0xA5A5ull, channel_, tau);
+      return setting_.amplitude * noiseAt(seed_ ^ 0xA5A5ull, channel_, tau);
     case WaveKind::kFile:
       break;
   }
   if (!recording_ || recording_->empty()) return 0;
-  const double position = std::floor((tau - origin) * spec_.rate + 1e-9);
+  const double position = std::floor((tau - origin) * setting_.rate + 1e-9);
   const auto size = static_cast<double>(recording_->size());
   const double index = position < 0 ? 0 : std::fmod(position, size);
-  return (*recording_)[static_cast<size_t>(index)] * spec_.scale;
+  return (*recording_)[static_cast<size_t>(index)] * setting_.scale;
 }
 
 double Waveform::at(double tau, double origin) const {
-  return shape(tau, origin) + spec_.offset + noise(tau);
+  return shape(tau, origin) + setting_.offset + noise(tau);
 }
 
 void Waveform::fill(const SampleTimes& times, uint64_t count, double origin, double* out,
@@ -147,13 +147,13 @@ void Waveform::fill(const SampleTimes& times, uint64_t count, double origin, dou
 }
 
 double Waveform::frequency() const {
-  switch (spec_.kind) {
+  switch (setting_.kind) {
     case WaveKind::kConstant:
     case WaveKind::kNoise:
     case WaveKind::kFile:
       return 0;
     default:
-      return spec_.frequency;
+      return setting_.frequency;
   }
 }
 

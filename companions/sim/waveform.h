@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "signal_spec.h"
+#include "signal_setting.h"
 
 namespace zqsim {
 
@@ -22,7 +22,7 @@ struct SampleTimes {
 using Recording = std::vector<double>;
 
 // Reads a recording file; null with the reason when it cannot.
-std::shared_ptr<const Recording> loadRecording(const SignalSpec& spec, std::string* error);
+std::shared_ptr<const Recording> loadRecording(const SignalSetting& signal, std::string* error);
 
 // Uniform noise in [-1, 1), the same for the same seed, channel and time.
 double noiseAt(uint64_t seed, uint32_t channel, double tau);
@@ -30,24 +30,24 @@ double noiseAt(uint64_t seed, uint32_t channel, double tau);
 class Waveform {
  public:
   Waveform() = default;
-  Waveform(SignalSpec spec, uint32_t channel, uint64_t seed, std::shared_ptr<const Recording> recording);
+  Waveform(SignalSetting signal, uint32_t channel, uint64_t seed, std::shared_ptr<const Recording> recording);
 
   // Volts at time `tau`. A recording plays from the start of the acquisition that reads it,
   // `origin`; the periodic waveforms run on the device's own time.
   double at(double tau, double origin) const;
   // The same for `count` samples, written every `stride` elements.
   void fill(const SampleTimes& times, uint64_t count, double origin, double* out, size_t stride) const;
-  const SignalSpec& spec() const { return spec_; }
+  const SignalSetting& setting() const { return setting_; }
   // The noise alone, which an input adds also to what an output drives onto it.
   double noise(double tau) const {
-    return spec_.noise > 0 ? spec_.noise * noiseAt(seed_, channel_, tau) : 0.0;
+    return setting_.noise > 0 ? setting_.noise * noiseAt(seed_, channel_, tau) : 0.0;
   }
   // The frequency a frequency-measuring input finds: 0 for a signal that does not repeat.
   double frequency() const;
 
  private:
   double shape(double tau, double origin) const;
-  SignalSpec spec_;
+  SignalSetting setting_;
   uint32_t channel_ = 0;
   uint64_t seed_ = 0;
   std::shared_ptr<const Recording> recording_;

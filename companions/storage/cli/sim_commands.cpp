@@ -5,7 +5,7 @@
 
 #include "device_classes.h"
 #include "properties.h"
-#include "signal_spec.h"
+#include "signal_setting.h"
 #include "sim_device_settings.h"
 #include "text_util.h"
 #include "zqvorex_storage.h"
@@ -98,7 +98,7 @@ void listSimDevices(const Arguments& args, Session& store, std::ostream& out) {
       for (uint32_t ai = 0; ai < 16; ++ai) {
         const auto text = findProperty(db, id, settings::kSignalFirst + ai);
         const std::string signal =
-            text ? text->bytes : zqsim::formatSignalSpec(zqsim::defaultSignal(ai)) + " (default)";
+            text ? text->bytes : zqsim::formatSignalSetting(zqsim::defaultSignal(ai)) + " (default)";
         out << "  ai" << ai << ": " << signal << "\n";
       }
     }
@@ -121,9 +121,9 @@ std::string signalText(const Arguments& args) {
     text += (i > 2 ? " " : "") + word;
   }
   std::string error;
-  const auto spec = zqsim::parseSignalSpec(text, &error);
-  if (!spec) throw UsageError("set-signal: " + error);
-  return zqsim::formatSignalSpec(*spec);
+  const auto signal = zqsim::parseSignalSetting(text, &error);
+  if (!signal) throw UsageError("set-signal: " + error);
+  return zqsim::formatSignalSetting(*signal);
 }
 
 }  // namespace

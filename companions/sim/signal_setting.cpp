@@ -1,4 +1,4 @@
-#include "signal_spec.h"
+#include "signal_setting.h"
 
 #include <charconv>
 #include <cmath>
@@ -57,17 +57,17 @@ bool setNumber(double& field, const std::string& key, const std::string& value, 
   return true;
 }
 
-bool setSetting(SignalSpec& spec, const std::string& key, const std::string& value, std::string* error) {
-  if (key == "amplitude") return setNumber(spec.amplitude, key, value, error);
-  if (key == "frequency") return setNumber(spec.frequency, key, value, error);
-  if (key == "offset" || key == "value") return setNumber(spec.offset, key, value, error);
-  if (key == "phase") return setNumber(spec.phase, key, value, error);
-  if (key == "duty") return setNumber(spec.duty, key, value, error);
-  if (key == "noise") return setNumber(spec.noise, key, value, error);
-  if (key == "rate") return setNumber(spec.rate, key, value, error);
-  if (key == "scale") return setNumber(spec.scale, key, value, error);
+bool setSetting(SignalSetting& signal, const std::string& key, const std::string& value, std::string* error) {
+  if (key == "amplitude") return setNumber(signal.amplitude, key, value, error);
+  if (key == "frequency") return setNumber(signal.frequency, key, value, error);
+  if (key == "offset" || key == "value") return setNumber(signal.offset, key, value, error);
+  if (key == "phase") return setNumber(signal.phase, key, value, error);
+  if (key == "duty") return setNumber(signal.duty, key, value, error);
+  if (key == "noise") return setNumber(signal.noise, key, value, error);
+  if (key == "rate") return setNumber(signal.rate, key, value, error);
+  if (key == "scale") return setNumber(signal.scale, key, value, error);
   if (key == "path") {
-    spec.path = value;
+    signal.path = value;
     return true;
   }
   if (key == "column") {
@@ -76,13 +76,13 @@ bool setSetting(SignalSpec& spec, const std::string& key, const std::string& val
       *error = "column must be a number from 0 to 1000";
       return false;
     }
-    spec.column = static_cast<uint32_t>(*column);
+    signal.column = static_cast<uint32_t>(*column);
     return true;
   }
   if (key == "format") {
     for (const auto& [format, name] : kFormats) {
       if (iequals(value, name)) {
-        spec.format = format;
+        signal.format = format;
         return true;
       }
     }
@@ -93,14 +93,14 @@ bool setSetting(SignalSpec& spec, const std::string& key, const std::string& val
   return false;
 }
 
-bool checkRanges(const SignalSpec& spec, std::string* error) {
-  if (spec.frequency < 0 || spec.amplitude < 0 || spec.noise < 0) {
+bool checkRanges(const SignalSetting& signal, std::string* error) {
+  if (signal.frequency < 0 || signal.amplitude < 0 || signal.noise < 0) {
     *error = "amplitude, frequency and noise cannot be negative";
-  } else if (spec.duty <= 0 || spec.duty >= 100) {
+  } else if (signal.duty <= 0 || signal.duty >= 100) {
     *error = "duty must lie between 0 and 100 percent";
-  } else if (spec.kind == WaveKind::kFile && spec.path.empty()) {
+  } else if (signal.kind == WaveKind::kFile && signal.path.empty()) {
     *error = "a recording needs path=FILE";
-  } else if (spec.kind == WaveKind::kFile && !(spec.rate > 0)) {
+  } else if (signal.kind == WaveKind::kFile && !(signal.rate > 0)) {
     *error = "a recording's rate must be above 0";
   } else {
     return true;
@@ -127,11 +127,11 @@ std::string quotedValue(const std::string& value) {
 
 }  // namespace
 
-SignalSpec defaultSignal(uint32_t channel) {
-  SignalSpec spec;
-  spec.amplitude = 1.0 + 0.5 * channel;
-  spec.frequency = 10.0 * (channel + 1);
-  return spec;
+SignalSetting defaultSignal(uint32_t channel) {
+  SignalSetting signal;
+  signal.amplitude = 1.0 + 0.5 * channel;
+  signal.frequency = 10.0 * (channel + 1);
+  return signal;
 }
 
 const char* waveKindName(WaveKind kind) {
@@ -146,7 +146,7 @@ std::optional<WaveKind> waveKindFromName(std::string_view name) {
   return std::nullopt;
 }
 
-std::optional<SignalSpec> parseSignalSpec(std::string_view text, std::string* error) {
+std::optional<SignalSetting> parseSignalSetting(std::string_view text, std::string* error) {
   std::vector<std::string> words;
   if (!splitWords(text, words, error)) return std::nullopt;
   if (words.empty()) {
@@ -159,52 +159,52 @@ std::optional<SignalSpec> parseSignalSpec(std::string_view text, std::string* er
         "unknown waveform \"" + words[0] + "\" (sine, square, triangle, sawtooth, constant, noise, file)";
     return std::nullopt;
   }
-  SignalSpec spec;
-  spec.kind = *kind;
+  SignalSetting signal;
+  signal.kind = *kind;
   // A constant, a recording and pure noise carry no noise of their own unless asked to.
-  if (*kind == WaveKind::kConstant || *kind == WaveKind::kFile || *kind == WaveKind::kNoise) spec.noise = 0;
+  if (*kind == WaveKind::kConstant || *kind == WaveKind::kFile || *kind == WaveKind::kNoise) signal.noise = 0;
   for (size_t i = 1; i < words.size(); ++i) {
     const size_t equals = words[i].find('=');
     if (equals == std::string::npos || equals == 0) {
       *error = "\"" + words[i] + "\" is not key=value";
       return std::nullopt;
     }
-    if (!setSetting(spec, lower(words[i].substr(0, equals)), words[i].substr(equals + 1), error))
+    if (!setSetting(signal, lower(words[i].substr(0, equals)), words[i].substr(equals + 1), error))
       return std::nullopt;
   }
-  if (!checkRanges(spec, error)) return std::nullopt;
-  return spec;
+  if (!checkRanges(signal, error)) return std::nullopt;
+  return signal;
 }
 
-std::string formatSignalSpec(const SignalSpec& spec) {
-  std::string text = waveKindName(spec.kind);
+std::string formatSignalSetting(const SignalSetting& signal) {
+  std::string text = waveKindName(signal.kind);
   const auto add = [&](const char* key, const std::string& value) {
     text += std::string(" ") + key + "=" + value;
   };
-  switch (spec.kind) {
+  switch (signal.kind) {
     case WaveKind::kConstant:
-      add("value", number(spec.offset));
+      add("value", number(signal.offset));
       break;
     case WaveKind::kNoise:
-      add("amplitude", number(spec.amplitude));
-      add("offset", number(spec.offset));
+      add("amplitude", number(signal.amplitude));
+      add("offset", number(signal.offset));
       break;
     case WaveKind::kFile:
-      add("path", quotedValue(spec.path));
-      add("format", kFormats[static_cast<int>(spec.format)].second);
-      add("rate", number(spec.rate));
-      add("column", std::to_string(spec.column));
-      add("scale", number(spec.scale));
-      add("offset", number(spec.offset));
+      add("path", quotedValue(signal.path));
+      add("format", kFormats[static_cast<int>(signal.format)].second);
+      add("rate", number(signal.rate));
+      add("column", std::to_string(signal.column));
+      add("scale", number(signal.scale));
+      add("offset", number(signal.offset));
       break;
     default:
-      add("amplitude", number(spec.amplitude));
-      add("frequency", number(spec.frequency));
-      add("offset", number(spec.offset));
-      add("phase", number(spec.phase));
-      if (spec.kind == WaveKind::kSquare) add("duty", number(spec.duty));
+      add("amplitude", number(signal.amplitude));
+      add("frequency", number(signal.frequency));
+      add("offset", number(signal.offset));
+      add("phase", number(signal.phase));
+      if (signal.kind == WaveKind::kSquare) add("duty", number(signal.duty));
   }
-  if (spec.kind != WaveKind::kNoise) add("noise", number(spec.noise));
+  if (signal.kind != WaveKind::kNoise) add("noise", number(signal.noise));
   return text;
 }
 

@@ -1,6 +1,6 @@
 // The text that says what an analog input sees: what it reads as, what it refuses, and that
 // what the tool writes reads back the same.
-#include "signal_spec.h"
+#include "signal_setting.h"
 
 #include <gtest/gtest.h>
 
@@ -20,16 +20,16 @@ class SignalText : public testing::TestWithParam<Parsed> {};
 
 TEST_P(SignalText, ReadsAsItsWaveformWithItsSettingsAndTheRestDefault) {
   std::string error;
-  const auto spec = parseSignalSpec(GetParam().text, &error);
-  ASSERT_TRUE(spec) << error;
-  EXPECT_EQ(spec->kind, GetParam().kind);
-  EXPECT_EQ(spec->amplitude, GetParam().amplitude);
-  EXPECT_EQ(spec->frequency, GetParam().frequency);
-  EXPECT_EQ(spec->offset, GetParam().offset);
-  EXPECT_EQ(spec->noise, GetParam().noise);
-  const auto again = parseSignalSpec(formatSignalSpec(*spec), &error);
-  ASSERT_TRUE(again) << formatSignalSpec(*spec) << ": " << error;
-  EXPECT_EQ(*again, *spec);
+  const auto signal = parseSignalSetting(GetParam().text, &error);
+  ASSERT_TRUE(signal) << error;
+  EXPECT_EQ(signal->kind, GetParam().kind);
+  EXPECT_EQ(signal->amplitude, GetParam().amplitude);
+  EXPECT_EQ(signal->frequency, GetParam().frequency);
+  EXPECT_EQ(signal->offset, GetParam().offset);
+  EXPECT_EQ(signal->noise, GetParam().noise);
+  const auto again = parseSignalSetting(formatSignalSetting(*signal), &error);
+  ASSERT_TRUE(again) << formatSignalSetting(*signal) << ": " << error;
+  EXPECT_EQ(*again, *signal);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -44,10 +44,10 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(SignalText, AQuotedPathKeepsItsBlanksAndEscapes) {
   std::string error;
-  const auto spec = parseSignalSpec(R"(file path="C:\\data\\a \"b\".csv" format=f32)", &error);
-  ASSERT_TRUE(spec) << error;
-  EXPECT_EQ(spec->path, R"(C:\data\a "b".csv)");
-  EXPECT_EQ(spec->format, FileFormat::kF32);
+  const auto signal = parseSignalSetting(R"(file path="C:\\data\\a \"b\".csv" format=f32)", &error);
+  ASSERT_TRUE(signal) << error;
+  EXPECT_EQ(signal->path, R"(C:\data\a "b".csv)");
+  EXPECT_EQ(signal->format, FileFormat::kF32);
 }
 
 struct Refused {
@@ -59,7 +59,7 @@ class BadSignalText : public testing::TestWithParam<Refused> {};
 
 TEST_P(BadSignalText, IsRefusedWithAReason) {
   std::string error;
-  EXPECT_FALSE(parseSignalSpec(GetParam().text, &error));
+  EXPECT_FALSE(parseSignalSetting(GetParam().text, &error));
   EXPECT_NE(error.find(GetParam().reason), std::string::npos) << error;
 }
 

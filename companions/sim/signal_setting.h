@@ -20,7 +20,7 @@ enum class WaveKind { kSine, kSquare, kTriangle, kSawtooth, kConstant, kNoise, k
 // blanks), or raw little-endian samples.
 enum class FileFormat { kCsv, kF64, kF32, kI16 };
 
-struct SignalSpec {
+struct SignalSetting {
   WaveKind kind = WaveKind::kSine;
   double amplitude = 1.0;   // volts, peak
   double frequency = 10.0;  // hertz
@@ -33,15 +33,15 @@ struct SignalSpec {
   double rate = 1000.0;  // samples per second of a recording
   uint32_t column = 0;
   double scale = 1.0;  // volts per recorded unit
-  bool operator==(const SignalSpec&) const = default;
+  bool operator==(const SignalSetting&) const = default;
 };
 
 // The default of analog input `channel`: a sine whose frequency and amplitude grow with the
 // channel number (10 Hz and 1 V on ai0, then 10 Hz and 0.5 V more per channel), 1 mV noise.
-SignalSpec defaultSignal(uint32_t channel);
+SignalSetting defaultSignal(uint32_t channel);
 
-std::optional<SignalSpec> parseSignalSpec(std::string_view text, std::string* error);
-std::string formatSignalSpec(const SignalSpec& spec);
+std::optional<SignalSetting> parseSignalSetting(std::string_view text, std::string* error);
+std::string formatSignalSetting(const SignalSetting& signal);
 const char* waveKindName(WaveKind kind);
 std::optional<WaveKind> waveKindFromName(std::string_view name);
 
