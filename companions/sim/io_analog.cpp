@@ -125,16 +125,7 @@ uint32_t writeBuffered(SimTask& task, std::unique_lock<std::mutex>& lock, const 
   const int outcome = task.waitFor(
       lock, timeout,
       [&] {
-        if (written < count) {
-          std::vector<double> part;
-          const size_t channels = task.channels.size();
-          const uint64_t rest = count - written;
-          part.reserve(rest * channels);
-          for (size_t c = 0; c < channels; ++c)
-            for (uint64_t k = written; k < count; ++k)
-              part.push_back(data[scan ? k * channels + c : c * count + k]);
-          written += stream->write(part.data(), rest, false, task.device()->now());
-        }
+        if (written < count) written += stream->write(data, count, written, scan, task.device()->now());
         return written >= count || (task.run && task.run->error != 0);
       },
       [&] {

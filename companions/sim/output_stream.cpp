@@ -15,26 +15,26 @@ OutputStream::OutputStream(std::vector<double> before, uint64_t capacity, bool r
   data_.assign(before_.size(), std::vector<double>(capacity_, 0.0));
 }
 
-uint64_t OutputStream::write(const double* data, uint64_t count, bool byScan, double now) {
+uint64_t OutputStream::write(const double* data, uint64_t count, uint64_t first, bool byScan, double now) {
   std::lock_guard<std::mutex> guard(mutex_);
   const size_t channels = data_.size();
   // Regeneration plays the written samples over and over; a write while it runs replaces them
   // with a new waveform. Without it, a write appends behind what is still to be generated.
-  uint64_t at = written_;
+  if (regenerate_ && timeline_ && first == 0) written_ = 0;
+  const uint64_t at = written_;
   uint64_t room = capacity_;
-  if (regenerate_ && timeline_) {
-    at = 0;
-    written_ = 0;
-  } else if (regenerate_) {
+  if (regenerate_) {
     room = capacity_ - std::min(written_, capacity_);
   } else {
     const uint64_t taken = timeline_ ? std::min(written_, ticksBy(now)) : 0;
     room = capacity_ - (written_ - taken);
   }
-  const uint64_t n = std::min(count, room);
-  for (uint64_t k = 0; k < n; ++k)
+  const uint64_t n = std::min(count - std::min(first, count), room);
+  for (uint64_t k = 0; k < n; ++k) {
+    const uint64_t source = first + k;
     for (size_t c = 0; c < channels; ++c)
-      data_[c][(at + k) % capacity_] = data[byScan ? k * channels + c : c * count + k];
+      data_[c][(at + k) % capacity_] = data[byScan ? source * channels + c : c * count + source];
+  }
   written_ += n;
   return n;
 }

@@ -20,10 +20,10 @@ class OutputStream : public std::enable_shared_from_this<OutputStream> {
   // per channel.
   OutputStream(std::vector<double> before, uint64_t capacity, bool regenerate);
 
-  // Adds samples, `data[c * count + k]` (or interleaved), at the write position; gives how
-  // many fitted: fewer than `count` when the generation has not yet taken enough of what was
-  // written before.
-  uint64_t write(const double* data, uint64_t count, bool byScan, double now);
+  // Adds the caller's samples `first` to `count` - 1 of each channel (`data[c * count + k]`, or
+  // interleaved) at the write position, straight from the caller's array; gives how many
+  // fitted: fewer when the generation has not yet taken enough of what was written before.
+  uint64_t write(const double* data, uint64_t count, uint64_t first, bool byScan, double now);
   void start(std::shared_ptr<Timeline> timeline);
   // This stream if it never ran; else a new one for the next run: the same samples when they
   // regenerate, none when each run takes its own.
