@@ -18,9 +18,11 @@ constexpr int32_t kAcquired = 12580;
 constexpr int32_t kTransferred = 12581;
 constexpr int32_t kSampleClock = 12487;
 
-// What an event object of the test holds; `fired` runs on the plug-in's thread.
+// What an event object of the test holds; `fired` runs on the plug-in's thread, while `open`.
 struct EventState {
   std::atomic<uint32_t> references{1};
+  std::atomic<bool> open{true};
+  std::atomic<int> busy{0};
   std::function<void(uint32_t count, int32_t code)> fired = [](uint32_t, int32_t) {};
 };
 
@@ -36,6 +38,31 @@ struct TestEvent {
   static EventState& of(void* self) { return *static_cast<TestEvent*>(self)->state; }
   static uint32_t addRef(void* self) { return ++of(self).references; }
   static uint32_t release(void* self) { return --of(self).references; }
+  static void fire(void* self, uint32_t count, int32_t code) {
+    EventState& state = of(self);
+    ++state.busy;
+    if (state.open) state.fired(count, code);
+    --state.busy;
+  }
+};
+
+// Stops the task however the test leaves it and waits out the callbacks in flight. Made after
+// the task, which is made after the event objects: so it goes first, and the event objects,
+// which the task gives back when it goes, go last.
+class Ending {
+ public:
+  Ending(zqvorexRedir::Task& task, EventState& state) : task_(task), state_(state) {}
+  ~Ending() {
+    state_.open = false;
+    control(task_, 1);
+    eventually([&] { return state_.busy.load() == 0; });
+  }
+  Ending(const Ending&) = delete;
+  Ending& operator=(const Ending&) = delete;
+
+ private:
+  zqvorexRedir::Task& task_;
+  EventState& state_;
 };
 
 template <class Self>
@@ -51,7 +78,7 @@ const zqgopher_IEventEveryNSamplesTable kEveryTable = {
     [](zqgopher_IEventEveryNSamples*) -> zqgopher_IEventDone* { return nullptr; },
     [](zqgopher_IEventEveryNSamples*) -> zqgopher_IEventSignal* { return nullptr; },
     [](zqgopher_IEventEveryNSamples* s, uint32_t count, uint32_t, zqerr_Status*) {
-      TestEvent::of(s).fired(count, 0);
+      TestEvent::fire(s, count, 0);
     }};
 
 const zqgopher_IEventDoneTable kDoneTable = {
@@ -62,7 +89,7 @@ const zqgopher_IEventDoneTable kDoneTable = {
     [](zqgopher_IEventDone* s) { return s; },
     [](zqgopher_IEventDone*) -> zqgopher_IEventSignal* { return nullptr; },
     [](zqgopher_IEventDone* s, const zqerr_Status* task, zqerr_Status*) {
-      TestEvent::of(s).fired(1, task->code);
+      TestEvent::fire(s, 1, task->code);
     }};
 
 const zqgopher_IEventSignalTable kSignalTable = {
@@ -72,7 +99,7 @@ const zqgopher_IEventSignalTable kSignalTable = {
     [](zqgopher_IEventSignal*) -> zqgopher_IEventEveryNSamples* { return nullptr; },
     [](zqgopher_IEventSignal*) -> zqgopher_IEventDone* { return nullptr; },
     [](zqgopher_IEventSignal* s) { return s; },
-    [](zqgopher_IEventSignal* s, uint32_t count, zqerr_Status*) { TestEvent::of(s).fired(count, 0); }};
+    [](zqgopher_IEventSignal* s, uint32_t count, zqerr_Status*) { TestEvent::fire(s, count, 0); }};
 
 std::shared_ptr<zqvorexRedir::Task> acquisition(const std::string& name, const std::string& inputs,
                                                 double rate, int32_t mode, uint64_t samples) {
@@ -83,14 +110,15 @@ std::shared_ptr<zqvorexRedir::Task> acquisition(const std::string& name, const s
 }
 
 // Every 10,000 samples of four channels at 100 kS/s the callback reads what it is told, as an
-// application does; no read falls short and nothing overruns.
+// application does; no read falls short and nothing overruns. The buffer holds 20 s of samples,
+// as a busy machine (or ThreadSanitizer) may hold the callback back for a while.
 TEST(Events, EveryNSamplesCallbacksReadWhatTheyAreTold) {
-  auto task = acquisition("every n", "SimDev1/ai0:3", 100000, kContinuous, 100000);
   std::mutex mutex;
   std::vector<Samples> reads;
   EventState state;
   TestEvent event{{}, &state};
   event.table.every = &kEveryTable;
+  auto task = acquisition("every n", "SimDev1/ai0:3", 100000, kContinuous, 2000000);
   state.fired = [&](uint32_t count, int32_t) {
     for (uint32_t i = 0; i < count; ++i) {
       Samples read = readVoltages(*task, 10000, 10.0, 40000);
@@ -102,6 +130,7 @@ TEST(Events, EveryNSamplesCallbacksReadWhatTheyAreTold) {
   task->registerEveryNSamplesEvent(kAcquired, 10000, true,
                                    reinterpret_cast<zqgopher_IEventEveryNSamples*>(&event), &status);
   ASSERT_EQ(status.code, 0) << status.report;
+  Ending ending(*task, state);
   ASSERT_EQ(control(*task, 0).code, 0);
   ASSERT_TRUE(eventually([&] {
     std::lock_guard<std::mutex> guard(mutex);
@@ -117,7 +146,6 @@ TEST(Events, EveryNSamplesCallbacksReadWhatTheyAreTold) {
 }
 
 TEST(Events, DoneComesWhenAFiniteAcquisitionEnds) {
-  auto task = acquisition("done", "SimDev1/ai5", 10000, kFinite, 500);
   std::atomic<int> done{0};
   std::atomic<int32_t> code{1};
   EventState state;
@@ -127,8 +155,10 @@ TEST(Events, DoneComesWhenAFiniteAcquisitionEnds) {
     code = taskCode;
     ++done;
   };
+  auto task = acquisition("done", "SimDev1/ai5", 10000, kFinite, 500);
   zqerr::Status status;
   task->registerDoneEvent(true, reinterpret_cast<zqgopher_IEventDone*>(&event), &status);
+  Ending ending(*task, state);
   ASSERT_EQ(control(*task, 0).code, 0);
   ASSERT_TRUE(eventually([&] { return done.load() == 1; }));
   EXPECT_EQ(code.load(), 0);
@@ -137,31 +167,32 @@ TEST(Events, DoneComesWhenAFiniteAcquisitionEnds) {
 }
 
 TEST(Events, DoneCarriesTheFailureThatEndedTheTask) {
-  auto task = acquisition("done by overrun", "SimDev1/ai5", 10000, kContinuous, 1000);
-  zqerr::Status status;
-  task->setBufferAttributeSize(zqgopher::StringArrayView(), 6252, 1000, &status);
   std::atomic<int32_t> code{0};
   EventState state;
   TestEvent event{{}, &state};
   event.table.done = &kDoneTable;
   state.fired = [&](uint32_t, int32_t taskCode) { code = taskCode; };
+  auto task = acquisition("done by overrun", "SimDev1/ai5", 10000, kContinuous, 1000);
+  zqerr::Status status;
+  task->setBufferAttributeSize(zqgopher::StringArrayView(), 6252, 1000, &status);
   task->registerDoneEvent(true, reinterpret_cast<zqgopher_IEventDone*>(&event), &status);
+  Ending ending(*task, state);
   ASSERT_EQ(control(*task, 0).code, 0);
   ASSERT_TRUE(eventually([&] { return code.load() != 0; }));
   EXPECT_EQ(code.load(), nZQMDEV::kErrorReadOverrun);
-  control(*task, 1);
 }
 
 TEST(Events, TheSampleClockSignalIsToldOncePerSample) {
-  auto task = acquisition("clock signal", "SimDev1/ai5", 20000, kFinite, 1000);
   std::atomic<uint32_t> ticks{0};
   EventState state;
   TestEvent event{{}, &state};
   event.table.signal = &kSignalTable;
   state.fired = [&](uint32_t count, int32_t) { ticks += count; };
+  auto task = acquisition("clock signal", "SimDev1/ai5", 20000, kFinite, 1000);
   zqerr::Status status;
   task->registerSignalEvent(kSampleClock, true, reinterpret_cast<zqgopher_IEventSignal*>(&event), &status);
   ASSERT_EQ(status.code, 0) << status.report;
+  Ending ending(*task, state);
   ASSERT_EQ(control(*task, 0).code, 0);
   task->waitUntilTaskDone(60.0, &status);
   ASSERT_EQ(status.code, 0) << status.report;
@@ -170,11 +201,10 @@ TEST(Events, TheSampleClockSignalIsToldOncePerSample) {
 }
 
 TEST(Events, ThePlugInGivesItsReferenceBackWhenTheEventGoes) {
-  auto task = acquisition("references", "SimDev1/ai5", 1000, kContinuous, 1000);
   EventState state;
   TestEvent event{{}, &state};
   event.table.every = &kEveryTable;
-  state.fired = [](uint32_t, int32_t) {};
+  auto task = acquisition("references", "SimDev1/ai5", 1000, kContinuous, 1000);
   zqerr::Status status;
   const auto token = task->registerEveryNSamplesEvent(
       kAcquired, 100, true, reinterpret_cast<zqgopher_IEventEveryNSamples*>(&event), &status);
@@ -191,10 +221,10 @@ TEST(Events, ThePlugInGivesItsReferenceBackWhenTheEventGoes) {
 }
 
 TEST(Events, AnInputTaskRefusesEventsOfSamplesLeavingItsBuffer) {
-  auto task = acquisition("wrong event", "SimDev1/ai5", 1000, kContinuous, 1000);
   EventState state;
   TestEvent event{{}, &state};
   event.table.every = &kEveryTable;
+  auto task = acquisition("wrong event", "SimDev1/ai5", 1000, kContinuous, 1000);
   zqerr::Status status;
   task->registerEveryNSamplesEvent(kTransferred, 100, true,
                                    reinterpret_cast<zqgopher_IEventEveryNSamples*>(&event), &status);
