@@ -12,8 +12,8 @@
 
 #include <chrono>
 #include <cmath>
-#include <ctime>
 #include <cstdlib>
+#include <ctime>
 #include <string>
 #include <vector>
 

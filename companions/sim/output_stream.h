@@ -1,7 +1,7 @@
-// The buffer of a timed output task (analog outputs, digital ports): what was written, and
-// from the run's timeline what is being generated at any time, so that an input wired to the
-// output sees the value of the moment, and a generation that runs past the written samples
-// without regeneration is found as an underflow at the exact sample.
+// The buffer of a timed analog output task: what was written, and from the run's timeline what
+// is being generated at any time, so that an input wired to the output sees the value of the
+// moment, and a generation that runs past the written samples without regeneration is found as
+// an underflow at the exact sample.
 #pragma once
 
 #include <cstdint>

@@ -12,43 +12,70 @@
 
 namespace zqsim {
 
-#define SIM_STORAGE_FUNCTIONS(X)                                                                                       \
-  X(getSession)                                                                                                        \
-  X(releaseSession)                                                                                                    \
-  X(beginReadOperation)                                                                                                \
-  X(endReadOperation) X(getLastChangeNumber) X(getObjectIDForNameInNamespace) X(getObjectStringProperty) X(            \
-      getObjectF64Property) X(getObjectU64Property) X(getObjectProperties) X(getSessionFromConfigString)               \
-      X(appendObjectsForStorageClass) X(getObjectName) X(beginStorageSpecReadOperation) X(                             \
-          endStorageSpecReadOperation) X(beginStorageSpecWriteOperation) X(endStorageSpecWriteOperation)               \
-          X(getChannelSpecificationByName) X(getChannelSpecificationByTaskAndChan) X(                                  \
-              getTaskSpecification) X(save) X(setChannelSpecification) X(addChannel) X(setTaskSpecification)           \
-              X(addTask) X(deleteTask) X(createChannelSpecification) X(destroyChannelSpecification) X(                 \
-                  createTaskSpecification) X(destroyTaskSpecification) X(ChannelSpecification_getName)                 \
-                  X(ChannelSpecification_getEndpointDeviceIdentifier) X(                                               \
-                      ChannelSpecification_getPhysicalChannelNameList) X(ChannelSpecification_getChannelType)          \
-                      X(ChannelSpecification_getChannelAttributeDataBlock) X(                                          \
-                          ChannelSpecification_setName) X(ChannelSpecification_setEndpointDeviceIdentifier)            \
-                          X(ChannelSpecification_setPhysicalChannelNameList) X(                                        \
-                              ChannelSpecification_setChannelType)                                                     \
-                              X(ChannelSpecification_setChannelAttributeDataBlock) X(                                  \
-                                  ChannelSpecification_setParentTaskName) X(ChannelSpecification_setIsGlobal)          \
-                                  X(ChannelSpecification_setAuthor) X(ChannelSpecification_setSavedFromApi) X(         \
-                                      ChannelSpecification_setVerified) X(ChannelTaskSpecification_getChannelDataList) \
-                                      X(ChannelTaskSpecification_getTimingAttributeDataBlock) X(                       \
-                                          ChannelTaskSpecification_getReadAttributeDataBlock)                          \
-                                          X(ChannelTaskSpecification_getWriteAttributeDataBlock) X(                    \
-                                              ChannelTaskSpecification_getDeviceAttributeDataBlock)                    \
-                                              X(ChannelTaskSpecification_setName) X(                                   \
-                                                  ChannelTaskSpecification_setChannelDataList)                         \
-                                                  X(ChannelTaskSpecification_setTimingAttributeDataBlock) X(           \
-                                                      ChannelTaskSpecification_setReadAttributeDataBlock)              \
-                                                      X(ChannelTaskSpecification_setWriteAttributeDataBlock) X(        \
-                                                          ChannelTaskSpecification_setDeviceAttributeDataBlock)        \
-                                                          X(ChannelTaskSpecification_setAuthor) X(                     \
-                                                              ChannelTaskSpecification_setSavedFromApi)                \
-                                                              X(ChannelTaskSpecification_setQexLockStatus) X(          \
-                                                                  ChannelTaskSpecification_setQexDeleteStatus)         \
-                                                                  X(ChannelTaskSpecification_setVerified)
+// clang-format off
+#define SIM_STORAGE_FUNCTIONS(X)                          \
+  X(getSession)                                           \
+  X(releaseSession)                                       \
+  X(beginReadOperation)                                   \
+  X(endReadOperation)                                     \
+  X(getLastChangeNumber)                                  \
+  X(getObjectIDForNameInNamespace)                        \
+  X(getObjectStringProperty)                              \
+  X(getObjectF64Property)                                 \
+  X(getObjectU64Property)                                 \
+  X(getObjectProperties)                                  \
+  X(getSessionFromConfigString)                           \
+  X(appendObjectsForStorageClass)                         \
+  X(getObjectName)                                        \
+  X(beginStorageSpecReadOperation)                        \
+  X(endStorageSpecReadOperation)                          \
+  X(beginStorageSpecWriteOperation)                       \
+  X(endStorageSpecWriteOperation)                         \
+  X(getChannelSpecificationByName)                        \
+  X(getChannelSpecificationByTaskAndChan)                 \
+  X(getTaskSpecification)                                 \
+  X(save)                                                 \
+  X(setChannelSpecification)                              \
+  X(addChannel)                                           \
+  X(setTaskSpecification)                                 \
+  X(addTask)                                              \
+  X(deleteTask)                                           \
+  X(createChannelSpecification)                           \
+  X(destroyChannelSpecification)                          \
+  X(createTaskSpecification)                              \
+  X(destroyTaskSpecification)                             \
+  X(ChannelSpecification_getName)                         \
+  X(ChannelSpecification_getEndpointDeviceIdentifier)     \
+  X(ChannelSpecification_getPhysicalChannelNameList)      \
+  X(ChannelSpecification_getChannelType)                  \
+  X(ChannelSpecification_getChannelAttributeDataBlock)    \
+  X(ChannelSpecification_setName)                         \
+  X(ChannelSpecification_setEndpointDeviceIdentifier)     \
+  X(ChannelSpecification_setPhysicalChannelNameList)      \
+  X(ChannelSpecification_setChannelType)                  \
+  X(ChannelSpecification_setChannelAttributeDataBlock)    \
+  X(ChannelSpecification_setParentTaskName)               \
+  X(ChannelSpecification_setIsGlobal)                     \
+  X(ChannelSpecification_setAuthor)                       \
+  X(ChannelSpecification_setSavedFromApi)                 \
+  X(ChannelSpecification_setVerified)                     \
+  X(ChannelTaskSpecification_getChannelDataList)          \
+  X(ChannelTaskSpecification_getTimingAttributeDataBlock) \
+  X(ChannelTaskSpecification_getReadAttributeDataBlock)   \
+  X(ChannelTaskSpecification_getWriteAttributeDataBlock)  \
+  X(ChannelTaskSpecification_getDeviceAttributeDataBlock) \
+  X(ChannelTaskSpecification_setName)                     \
+  X(ChannelTaskSpecification_setChannelDataList)          \
+  X(ChannelTaskSpecification_setTimingAttributeDataBlock) \
+  X(ChannelTaskSpecification_setReadAttributeDataBlock)   \
+  X(ChannelTaskSpecification_setWriteAttributeDataBlock)  \
+  X(ChannelTaskSpecification_setDeviceAttributeDataBlock) \
+  X(ChannelTaskSpecification_setAuthor)                   \
+  X(ChannelTaskSpecification_setSavedFromApi)             \
+  X(ChannelTaskSpecification_setQexLockStatus)            \
+  X(ChannelTaskSpecification_setQexDeleteStatus)          \
+  X(ChannelTaskSpecification_setVerified)
+// clang-format on
 
 struct StorageLink {
 #define SIM_STORAGE_FIELD(op) zqvorexStorage_##op##_fn op = nullptr;
