@@ -64,6 +64,7 @@ void describeView(RecordedArg& arg, const std::string& op, const zqgopher_ArrayV
     arg.text = "null";
     return;
   }
+  arg.data = view->data;
   if (view->count == 0) {
     arg.text = "";
     arg.value = std::vector<std::string>{};
