@@ -169,7 +169,8 @@ EventWindow servedEventWindow();
 // === calendar =================================================================================
 // _mktime64 and _localtime64 of the C runtime, for calibration dates. On Linux mktime and
 // localtime_r under the same contract: times are seconds since 1970-01-01 00:00:00 UTC, valid
-// from 0 to kMaxTime64 (3000-12-31 23:59:59 UTC), in the local time zone (TZ).
+// from 0 to kMaxTime64 (the runtime's _MAX__TIME64_T, 3001-01-01 07:59:59 UTC), in the local
+// time zone (TZ).
 namespace zqplatform {
 
 struct CalendarTime {  // the fields of struct tm
@@ -184,7 +185,7 @@ struct CalendarTime {  // the fields of struct tm
   int32_t daylightSaving;   // 0 reads the fields as standard time; after a conversion, > 0 while in force
 };
 
-inline constexpr int64_t kMaxTime64 = 32535215999;
+inline constexpr int64_t kMaxTime64 = 0x793406FFF;
 
 // The local time in `record`, normalised in place (a month of 12 is January of the next year,
 // and a record read as standard time while daylight saving is in force comes out one hour later
