@@ -16,6 +16,7 @@
 #include <cstdint>
 #include <string>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 #include "configuration/absolute_time.h"

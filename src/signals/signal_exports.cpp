@@ -14,7 +14,8 @@ using zqvorexRedir::ITask;
 // size goes to the plug-in, 0 included.
 int32_t configureBuffer(const char* function, TaskHandle taskHandle, int32_t attributeId, uint32_t numSampsPerChan) {
   return zqframe::dataCallFrame(
-      function, taskHandle, [&](zqtrace::TraceCall& trace) { trace.param("numSampsPerChan", zqtrace::kSize, numSampsPerChan); },
+      function, taskHandle,
+      [&](zqtrace::TraceCall& trace) { trace.param("numSampsPerChan", zqtrace::kSize, numSampsPerChan); },
       [&](ITask* task, zqerr_Status* status) {
         const zqgopher::StringArrayView none;
         if (task) task->setBufferAttributeSize(none, attributeId, numSampsPerChan, status);

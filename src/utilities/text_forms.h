@@ -4,6 +4,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "boundary/array_view.h"
@@ -27,7 +28,7 @@ class NameList {
  public:
   NameList() = default;
   explicit NameList(std::vector<std::string> names) : names_(std::move(names)), view_(names_) {}
-  NameList(NameList&& other) noexcept : names_(std::move(other.names_)), view_(names_) {}
+  NameList(NameList&& other) : names_(std::move(other.names_)), view_(names_) {}
   NameList& operator=(NameList&&) = delete;
 
   const std::vector<std::string>& names() const { return names_; }

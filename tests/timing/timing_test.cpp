@@ -84,12 +84,6 @@ TEST_P(Timing, ANullTaskIsRefusedBeforeAnyCall) {
   EXPECT_EQ(lastErrorCode(), -200230);
 }
 
-TEST_P(Timing, ThePluginsFailureIsTheResult) {
-  task->on(GetParam().operation).status(-200077);
-  EXPECT_EQ(GetParam().call(task->handle()), -200077);
-  EXPECT_EQ(lastErrorCode(), -200077);
-}
-
 INSTANTIATE_TEST_SUITE_P(Functions, Timing, testing::ValuesIn(kCases),
                          [](const testing::TestParamInfo<TimingCase>& info) { return info.param.function; });
 
