@@ -45,6 +45,9 @@ typedef double float64;
 /* Timing, triggers, buffers, signal export, calibration and watchdog tasks. */
 #include "zqcai_rd_mbcs_configuration.h"
 
+/* The error text functions. */
+#include "zqcai_rd_mbcs_errortext.h"
+
 #ifdef __cplusplus
 }
 #endif

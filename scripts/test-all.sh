@@ -14,7 +14,9 @@ echo "== asan+ubsan (AddressSanitizer, LeakSanitizer, UndefinedBehaviorSanitizer
 bash "$here/scripts/build.sh" asan
 (cd "$here/build/asan" &&
   ASAN_OPTIONS="detect_stack_use_after_return=1 check_initialization_order=1 strict_init_order=1 ${ASAN_OPTIONS:-}" \
-  UBSAN_OPTIONS="print_stacktrace=1 ${UBSAN_OPTIONS:-}" ctest --output-on-failure -j "$(nproc)")
+  UBSAN_OPTIONS="print_stacktrace=1 ${UBSAN_OPTIONS:-}" \
+  LSAN_OPTIONS="suppressions=$here/tests/abandoned_root.lsan ${LSAN_OPTIONS:-}" \
+  ctest --output-on-failure -j "$(nproc)")
 
 echo "== threads (ThreadSanitizer) =="
 bash "$here/scripts/test-threads.sh"

@@ -100,6 +100,7 @@ void build(SharedGlobals& g, zqerr_Status* status) {
   useStorage(g);
   makeSelector(g);
   makeDebugServerFactory(g, folder);
+  g.translator = std::make_shared<zqqxl::ThreadSafeQxlWrapper>(status);
 }
 
 }  // namespace

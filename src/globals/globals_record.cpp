@@ -73,4 +73,8 @@ std::shared_ptr<ICTaskEventsList> getTaskEventsList(zqerr_Status* status) {
   return getField(&SharedGlobals::taskEventsList, status);
 }
 
+std::shared_ptr<zqqxl::ThreadSafeQxlWrapper> getTranslator(zqerr_Status* status) {
+  return getField(&SharedGlobals::translator, status);
+}
+
 }  // namespace nZQCAI100

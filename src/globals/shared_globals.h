@@ -18,11 +18,11 @@
 #include "task/itask_factory.h"
 #include "tasknames/task_name_generator.h"
 #include "toggles/feature_toggles.h"
+#include "translator/qxl_wrapper.h"
 
 namespace nZQCAI100 {
 
 // Fields in the record's order; destruction releases them from the last to the first.
-// The translator, whose code has not joined the library yet, has no field here.
 struct SharedGlobals {
   std::shared_ptr<FeatureToggles> systemSettings;
   std::shared_ptr<zqvorexRedir::IContextManager> contextManager;
@@ -47,6 +47,7 @@ struct SharedGlobals {
   std::shared_ptr<zqvorexStorageCpp::Storage> storageLibrary;
   std::shared_ptr<zqvorexStorageCpp::StorageSpec> storageSpecLibrary;
   std::shared_ptr<zqvorexStorageCpp::ChannelTaskSpecification> channelTaskSpecificationLibrary;
+  std::shared_ptr<zqqxl::ThreadSafeQxlWrapper> translator;
 };
 
 // The getters: with a failed status, null. Otherwise the one-time build runs if it has not
@@ -57,6 +58,7 @@ std::shared_ptr<zqvorexRedir::ITaskNameGenerator> getTaskNameGenerator(zqerr_Sta
 std::shared_ptr<IExtendedErrorInfoManager> getTlsManager(zqerr_Status* status);
 std::shared_ptr<ITaskPool> getTaskPool(zqerr_Status* status);
 std::shared_ptr<ICTaskEventsList> getTaskEventsList(zqerr_Status* status);
+std::shared_ptr<zqqxl::ThreadSafeQxlWrapper> getTranslator(zqerr_Status* status);
 
 // The record itself, for the objects that read it whenever they are asked (the task factory);
 // null before a successful build and after exit.

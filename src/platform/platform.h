@@ -5,6 +5,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
+#include <string>
 
 #include "native_lock.h"  // from the backend folder: SlimLock and CriticalSection
 
@@ -78,9 +80,10 @@ size_t systemErrorText(uint32_t code, char* buffer, size_t size);
 // === registry and shell folders =============================================================
 // RegOpenKeyExW, RegQueryValueExW, RegCloseKey and SHGetFolderPathW(CSIDL_SYSTEM). On Linux
 // the registry is the keys and values of a file in the Windows .reg export format, named by
-// ZQCAI_REGISTRY_FILE (default /etc/zqcai/registry.reg) and read afresh at every open, so one
+// ZQCAI_REGISTRY_FILE (else <this library's folder>/../etc/zqcai/registry.reg when there is one,
+// else /etc/zqcai/registry.reg) and read afresh at every open, so one
 // file describes an installation on both systems; the system folder is ZQCAI_SYSTEM_FOLDER
-// (default /usr/lib).
+// (default: the folder of this library).
 using RegistryKey = uintptr_t;  // an HKEY's value
 inline constexpr RegistryKey predefinedKey(uint32_t id) {
   return static_cast<RegistryKey>(static_cast<intptr_t>(static_cast<int32_t>(id)));
@@ -118,6 +121,9 @@ uint32_t regOpenKey(RegistryKey parent, const char16_t* subKey, uint32_t access,
 uint32_t regQueryValue(RegistryKey key, const char16_t* valueName, uint32_t* type, void* data,
                        uint32_t* size);
 uint32_t regCloseKey(RegistryKey key);
+
+// RegQueryValueExA: as regQueryValue, with the name and string data in the system code page.
+uint32_t regQueryValueNarrow(RegistryKey key, const char* valueName, uint32_t* type, void* data, uint32_t* size);
 
 inline constexpr int32_t kCsidlSystem = 0x25;
 inline constexpr size_t kMaxPath = 260;
@@ -163,6 +169,33 @@ bool postEventMessage(EventWindow window, uint32_t message, uintptr_t wParam, in
 uint32_t eventThreadId();
 // On a Linux delivery thread, the window it serves; null elsewhere.
 EventWindow servedEventWindow();
+
+// === folders and files ======================================================================
+// FindFirstFileW / FindNextFileW over the entries of a folder, in the order the system lists
+// them, "." and ".." included. Paths are UTF-8; either separator may be used.
+struct FolderEntry {
+  std::string name;  // UTF-8
+  bool regularFile = false;
+};
+class FolderListing;
+enum class ListingStep { kEntry, kEnd, kLost };
+
+// Null when the listing cannot start: no such folder, not a folder, no access.
+FolderListing* openFolderListing(const char* folder);
+// The next entry; kLost when the listing broke off before its end.
+ListingStep nextFolderEntry(FolderListing* listing, FolderEntry* entry);
+void closeFolderListing(FolderListing* listing);
+
+// _wfsopen(path, "rt", _SH_DENYNO): a file opened to read text while others may read and write
+// it. Null on failure.
+std::FILE* openTextFileForReading(const char* path);
+
+// The C runtime's text of an errno value, the value numbered as the Windows C runtime numbers
+// them, into `buffer` (zero-terminated, cut to fit); the length written.
+inline constexpr int kCrtEnoent = 2;
+inline constexpr int kCrtEinval = 22;
+inline constexpr int kCrtEnametoolong = 38;
+size_t crtErrorText(int crtErrno, char* buffer, size_t size);
 
 }  // namespace zqplatform
 

@@ -227,6 +227,20 @@ int32_t countItems(const char* arrayText) {
   }
 }
 
+const char* arrayBegin(const char* text) {
+  if (!text) return nullptr;
+  const char* p = skipSpace(text);
+  if (*p != '[') return nullptr;
+  p = skipSpace(p + 1);
+  return *p == ']' || *p == '\0' ? nullptr : p;
+}
+
+const char* arrayNext(const char* behind) {
+  if (!behind) return nullptr;
+  const char* p = skipSpace(behind);
+  return *p == ',' ? skipSpace(p + 1) : nullptr;
+}
+
 bool decodeString(const char* raw, size_t length, std::string* out) {
   out->clear();
   const char* end = raw + length;

@@ -38,6 +38,11 @@ const char* findKey(const char* objectText, std::string_view key);
 bool parseValue(const char* text, ParsedValue* result);
 // Elements of an array text; -1 if it is not a valid array.
 int32_t countItems(const char* arrayText);
+// Stepping through an array without validating it whole: the first element, or null for a
+// text that is no array or an empty one; the element behind a comma that follows `behind`
+// (the position behind an element), or null when no comma follows.
+const char* arrayBegin(const char* text);
+const char* arrayNext(const char* behind);
 // The raw text between a string's quotes, unescaped to UTF-8; false on a bad escape.
 bool decodeString(const char* raw, size_t length, std::string* out);
 // A number as int32; fractions and exponents are read as double and truncated.

@@ -70,36 +70,43 @@ bool isAttributeUsage(std::string_view usage);
 
 }  // namespace zqerr
 
-// Usage names, written as they stand into "usage".
-#define ZQ_USAGE(name) inline constexpr const char* name = #name;
+// Usage names, written as they stand into "usage": every usage that this library writes, and
+// those that plug-ins write into the reports the library reads.
+#define ZQ_USAGE_NAMES(X) \
+  X(kUsageTypeBufferLength) \
+  X(kUsageTypeReqBufSizeInBytes) \
+  X(kUsageTypeReqBufSizeInSamps) \
+  X(kUsageTypeAttributeIdentifier) \
+  X(kUsageTypeRequestedNumberTerminals) \
+  X(kUsageTypeParamNum) \
+  X(kUsageTypeNumSampsToWrite) \
+  X(kUsageTypeRequestedNumberSamples) \
+  X(kUsageTypeRequestedIndex) \
+  X(kUsageTypeNumberOfChannelsInTask) \
+  X(kUsageTypeNumberOfDevicesInTask) \
+  X(kUsageTypeTaskName) \
+  X(kUsageTypeChannelName) \
+  X(kUsageTypeLibraryName) \
+  X(kUsageTypeProcedureName) \
+  X(kUsageTypeInvalidTaskName) \
+  X(kUsageTypeInvalidString) \
+  X(kUsageTypePositionOfInvalidCharacter) \
+  X(kUsageTypeMaxNumObjects) \
+  X(kUsageTypeMaxNumberInRange) \
+  X(kUsageTypeDeviceSpecified) \
+  X(kUsageTypeSuggestedDevices) \
+  X(kUsageTypeSignalEventType) \
+  X(kUsageTypeAttributeId) \
+  X(kUsageTypeAffectedAttribute) \
+  X(kUsageTypeConflictingAttr) \
+  X(kUsageTypeConflictingProperty) \
+  X(kUsageTypeUnspecifiedProperty)
+
 namespace zqerr::usage {
-ZQ_USAGE(kUsageTypeBufferLength)
-ZQ_USAGE(kUsageTypeReqBufSizeInBytes)
-ZQ_USAGE(kUsageTypeReqBufSizeInSamps)
-ZQ_USAGE(kUsageTypeAttributeIdentifier)
-ZQ_USAGE(kUsageTypeRequestedNumberTerminals)
-ZQ_USAGE(kUsageTypeParamNum)
-ZQ_USAGE(kUsageTypeNumSampsToWrite)
-ZQ_USAGE(kUsageTypeRequestedNumberSamples)
-ZQ_USAGE(kUsageTypeRequestedIndex)
-ZQ_USAGE(kUsageTypeNumberOfChannelsInTask)
-ZQ_USAGE(kUsageTypeNumberOfDevicesInTask)
-ZQ_USAGE(kUsageTypeTaskName)
-ZQ_USAGE(kUsageTypeChannelName)
-ZQ_USAGE(kUsageTypeLibraryName)
-ZQ_USAGE(kUsageTypeProcedureName)
-ZQ_USAGE(kUsageTypeInvalidTaskName)
-ZQ_USAGE(kUsageTypeInvalidString)
-ZQ_USAGE(kUsageTypePositionOfInvalidCharacter)
-ZQ_USAGE(kUsageTypeMaxNumObjects)
-ZQ_USAGE(kUsageTypeMaxNumberInRange)
-ZQ_USAGE(kUsageTypeDeviceSpecified)
-ZQ_USAGE(kUsageTypeSuggestedDevices)
-ZQ_USAGE(kUsageTypeSignalEventType)
-ZQ_USAGE(kUsageTypeAttributeId)
-ZQ_USAGE(kUsageTypeAffectedAttribute)
-ZQ_USAGE(kUsageTypeConflictingAttr)
-ZQ_USAGE(kUsageTypeConflictingProperty)
-ZQ_USAGE(kUsageTypeUnspecifiedProperty)
-}  // namespace zqerr::usage
+#define ZQ_USAGE(name) inline constexpr const char* name = #name;
+ZQ_USAGE_NAMES(ZQ_USAGE)
 #undef ZQ_USAGE
+#define ZQ_USAGE(name) name,
+inline constexpr const char* kAllUsages[] = {ZQ_USAGE_NAMES(ZQ_USAGE)};
+#undef ZQ_USAGE
+}  // namespace zqerr::usage

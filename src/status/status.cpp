@@ -97,6 +97,20 @@ bool adopt(zqerr_Status* destination, zqerr_Status* source) {
   return true;
 }
 
+bool copyStatus(zqerr_Status* destination, const zqerr_Status& source) {
+  destination->code = source.code;
+  const size_t length = source.report ? std::strlen(source.report) : 0;
+  const bool fits = source.report && length + 2 <= 0x7FFFFFFFu &&
+                    destination->storage(destination, static_cast<uint32_t>(length + 2)) && destination->report &&
+                    destination->capacity >= length + 2;
+  if (fits) {
+    writeBufferForm(destination->report, destination->capacity, source.report, length);
+    return true;
+  }
+  if (destination->report) resetReport(destination);
+  return !source.report;
+}
+
 void clearReport(zqerr_Status* status) {
   status->code = 0;
   if (status->report) resetReport(status);

@@ -56,6 +56,10 @@ inline bool fail(zqerr_Status* status, const Site& site) { return setWithLocatio
 // Resets the report to "{}" in the buffer form; false if no buffer of 4 bytes could be had.
 bool resetReport(zqerr_Status* status);
 
+// Gives `destination` the code of `source` and a copy of its report, whatever it held before;
+// false, with the code set and the report "{}" or absent, when no buffer could be had.
+bool copyStatus(zqerr_Status* destination, const zqerr_Status& source);
+
 using FixedStatus = zqerr_FixedStatus;
 inline constexpr uint32_t kFixedStatusSize = 208;
 

@@ -1,6 +1,6 @@
-// Every operation of the task interface, generated from the operation table: the ones the
-// task writes out itself go to their own code, all others run the common frame and forward
-// to the plug-in operation of the same name.
+// Every operation of the task interface, generated from the operation table with the route of
+// its row: the ones the task writes out itself go to their own code, all others run the common
+// frame and forward to the plug-in operation of the same name.
 #include "status/report_writer.h"
 #include "status/error_sites.h"
 #include "task/channel_creation_scope.h"
@@ -43,16 +43,16 @@ void Task::failChannelNotInTask(const zqgopher::StringArrayView& channels, zqerr
 #define ZQ_TASK_OP(R, op, params, args)                                                               \
   R Task::op params {                                                                                 \
     return [&](auto& self) -> R {                                                                     \
-      constexpr OpRoute route = routeOf(#op);                                                         \
+      constexpr OpRoute route = routes::op.route;                                                     \
       auto forward = [&](auto& plugin, auto* handle) -> R {                                           \
         return taskframe::callPlugin([&](auto... converted) -> R { return plugin.op(handle, converted...); }, \
                                      ZQ_TASK_ARGS args);                                              \
       };                                                                                              \
-      if constexpr (route == OpRoute::own) {                                                          \
+      if constexpr (route == OpRoute::own) {                                                      \
         return self.op##Own args;                                                                     \
       } else if constexpr (route == OpRoute::channelCreation) {                                       \
         return self.template runChannelCreation<R>(status, taskframe::firstOf(ZQ_TASK_ARGS args), forward); \
-      } else if constexpr (route == OpRoute::mirrored) {                                              \
+      } else if constexpr (routes::op.mirrored) {                                                     \
         auto mirrored = [&](auto& plugin, auto* handle) -> R {                                        \
           auto count = forward(plugin, handle);                                                       \
           mirrorSamples<mirrorRowOf(#op)>(self.debugTarget_.get(), self.targetFlags_, count, ZQ_TASK_ARGS args); \
@@ -60,7 +60,7 @@ void Task::failChannelNotInTask(const zqgopher::StringArrayView& channels, zqerr
         };                                                                                            \
         return self.template runFrame<R>(                                                             \
             status, mirrored,                                                                         \
-            [&]() -> R { return answerUnbound<R, unboundRouteOf(#op)>(self, ZQ_TASK_ARGS args); });  \
+            [&]() -> R { return answerUnbound<R, route>(self, ZQ_TASK_ARGS args); });                \
       } else {                                                                                        \
         return self.template runFrame<R>(                                                             \
             status, forward, [&]() -> R { return answerUnbound<R, route>(self, ZQ_TASK_ARGS args); }); \

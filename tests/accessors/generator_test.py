@@ -12,7 +12,7 @@ REPO = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__)
 TOOL = os.path.join(REPO, "tools", "catalogue", "generate_accessors.py")
 TABLE = os.path.join(REPO, "src", "catalogue", "attributes.tsv")
 TERMINALS = os.path.join(REPO, "src", "catalogue", "terminal_attributes.txt")
-OPERATIONS = os.path.join(REPO, "src", "task", "task_operation_list.txt")
+OPERATIONS = os.path.join(REPO, "src", "plugin", "operations.tsv")
 
 
 def read(path):

@@ -1,6 +1,5 @@
 #!/usr/bin/env python3
-"""The catalogue's extractor reads a document strictly, and its generator refuses a table that
-lost, gained or changed rows."""
+"""The catalogue's generator refuses a table that lost, gained or changed rows."""
 import os
 import subprocess
 import sys
@@ -11,93 +10,6 @@ REPO = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__)
 TOOLS = os.path.join(REPO, "tools", "catalogue")
 TABLE = os.path.join(REPO, "src", "catalogue", "attributes.tsv")
 
-sys.dont_write_bytecode = True  # leave no cache beside the tools in the source tree
-sys.path.insert(0, TOOLS)
-import extract  # noqa: E402
-
-DOCUMENT = """\
-# Section 4: Attribute catalogue
-
-Id-to-name table. The library holds a constant table of 4 rows, each row an id and a name.
-
-The 1 attributes of class `TimingEx` stand under `Timing` below; they have a second set.
-
-Class `Timing` (Timing), 2 attributes:
-
-| Id | Name | Type | Op | Verbs |
-|---|---|---|---|---|
-| 0x1848 | `AIConvRate` | F64 | Timing | GSR |
-| 0x1445 | `RefTrigPreTrigSamples` (`RefTrigPretrigSamples`) | U32 (Size) | Timing | gsR |
-
-No class: reached only through its accessors, 1 attribute:
-
-| Id | Name | Type | Op | Verbs |
-|---|---|---|---|---|
-| 0x2EC8 | `QSeriesLegacyCompatibility` (no table row) | Bool | Channel | GSR |
-
-**Ids without accessors**
-
-These 2 rows of the table name attributes that this library has no accessor for. Each:
-
-`ChanActiveChan` 0x0011; `ScaleType` 0x1929.
-
-# Section 5: Generic entries
-
-The `TimingEx` entries take 1 ids of their own: `AIConvRate`, each going to its accessor.
-
-The forwarders. 3 exports are tail calls that add an empty list: `A(t)` is `AEx(t, "")`. \
-The bases are `AIConvRate`. They are not traced by themselves.
-"""
-
-
-class Extractor(unittest.TestCase):
-    def test_reads_every_column_and_marker(self):
-        rows = extract.extract(DOCUMENT)
-        got = [[row[c] for c in extract.COLUMNS] for row in rows]
-        self.assertEqual(got, [
-            ["Timing", "0x1848", "AIConvRate", "AIConvRate", "F64", "Timing", "GSR", "yes", "yes"],
-            ["Timing", "0x1445", "RefTrigPreTrigSamples", "RefTrigPretrigSamples", "U32Size",
-             "Timing", "gsR", "no", "yes"],
-            ["NoClass", "0x2EC8", "QSeriesLegacyCompatibility", "QSeriesLegacyCompatibility",
-             "Bool", "Channel", "GSR", "no", "no"],
-            ["NoAccessor", "0x0011", "ChanActiveChan", "-", "-", "-", "-", "no", "yes"],
-            ["NoAccessor", "0x1929", "ScaleType", "-", "-", "-", "-", "no", "yes"],
-        ])
-
-    def test_refuses_texts_that_differ_from_their_counts_or_forms(self):
-        cases = [
-            ("heading count", "Timing), 2 attributes", "Timing), 3 attributes"),
-            ("no-accessor count", "These 2 rows", "These 3 rows"),
-            ("table size", "constant table of 4 rows", "constant table of 5 rows"),
-            ("unknown type", "| F64 | Timing | GSR |", "| F32 | Timing | GSR |"),
-            ("unknown op", "| F64 | Timing | GSR |", "| F64 | Clock | GSR |"),
-            ("bad verbs", "| F64 | Timing | GSR |", "| F64 | Timing | RSG |"),
-            ("note in the name cell", "(`RefTrigPretrigSamples`)", "(see below)"),
-            ("extra cell", "| Bool | Channel | GSR |", "| Bool | Channel | GSR | x |"),
-            ("forwarder count", "3 exports are", "4 exports are"),
-            ("member count", "take 1 ids", "take 2 ids"),
-            ("member not in its class", "stand under `Timing`", "stand under `Trig`"),
-            ("duplicate id", "`ScaleType` 0x1929", "`ScaleType` 0x0011"),
-            ("bad list item", "`ScaleType` 0x1929", "`ScaleType` = 0x1929"),
-            ("heading of unknown form", "No class: reached", "Unclassed: reached"),
-        ]
-        for what, old, new in cases:
-            with self.subTest(what):
-                self.assertIn(old, DOCUMENT)
-                with self.assertRaises(extract.DocumentError):
-                    extract.extract(DOCUMENT.replace(old, new, 1))
-
-    def test_check_mode_compares_with_the_written_table(self):
-        with tempfile.TemporaryDirectory() as tmp:
-            document = os.path.join(tmp, "document.md")
-            table = os.path.join(tmp, "attributes.tsv")
-            with open(document, "w", encoding="utf-8") as f:
-                f.write(DOCUMENT)
-            self.assertEqual(extract.main(["extract.py", document, table]), 0)
-            self.assertEqual(extract.main(["extract.py", "--check", document, table]), 0)
-            with open(table, "a", encoding="utf-8") as f:
-                f.write("NoAccessor\t0x0001\tExtra\t-\t-\t-\t-\tno\tyes\n")
-            self.assertEqual(extract.main(["extract.py", "--check", document, table]), 1)
 
 
 def run_generator(table_text, out):

@@ -36,6 +36,7 @@ class Installation {
         std::fprintf(stderr, "the installation failed: zqstorage %s\n", arguments.c_str());
         std::exit(2);
       }
+    installation_.installExplanations(ZQ_TEST_ERRORS_FOLDER);
     plugin_ = installation_.library("zqtestDrive");
   }
   void* symbol(const char* name) const { return librarySymbol(plugin_, name); }

@@ -26,6 +26,9 @@ class ScratchRegistry {
   // A string value (REG_SZ), written as a program of `view` writes it.
   void setString(View view, const std::string& keyPath, const std::string& name, const std::string& value);
 
+  // Takes a value out again, as a program of `view` sees it.
+  void removeValue(View view, const std::string& keyPath, const std::string& name);
+
   // Makes the shell's system folder one that the platform lets a test choose, and returns it
   // (UTF-8, without a trailing separator); else returns the system's own.
   std::string chooseSystemFolder();

@@ -77,6 +77,13 @@ void ScratchRegistry::setString(View view, const std::string& keyPath, const std
   state_->write();
 }
 
+void ScratchRegistry::removeValue(View view, const std::string& keyPath, const std::string& name) {
+  std::string path = keyPath;
+  if (view == View::k32 && path.rfind("SOFTWARE\\", 0) == 0) path.insert(9, "WOW6432Node\\");
+  state_->keys["HKEY_LOCAL_MACHINE\\" + path].erase(name);
+  state_->write();
+}
+
 std::string ScratchRegistry::chooseSystemFolder() {
   std::string folder = "/opt/zq test/syst\xC3\xA8me";
   setenv("ZQCAI_SYSTEM_FOLDER", folder.c_str(), 1);

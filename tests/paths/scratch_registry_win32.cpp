@@ -77,6 +77,14 @@ void ScratchRegistry::setString(View view, const std::string& keyPath, const std
   RegCloseKey(key);
 }
 
+void ScratchRegistry::removeValue(View view, const std::string& keyPath, const std::string& name) {
+  REGSAM sam = KEY_SET_VALUE | (view == View::k32 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY);
+  HKEY key = nullptr;
+  if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, wide(keyPath).c_str(), 0, sam, &key) != ERROR_SUCCESS) return;
+  RegDeleteValueW(key, wide(name).c_str());
+  RegCloseKey(key);
+}
+
 std::string ScratchRegistry::chooseSystemFolder() {
   std::vector<wchar_t> buffer(MAX_PATH);
   UINT n = GetSystemDirectoryW(buffer.data(), MAX_PATH);

@@ -71,7 +71,7 @@ const std::vector<Operation>& everyOperation() {
   return operations;
 }
 
-TEST(PluginTable, NamesFollowTheReferenceListInOrder) {
+TEST(PluginTable, NamesFollowTheTableInOrder) {
   ASSERT_EQ(std::size(zqtest::kOperationList), Plugin::kOperationCount);
   ASSERT_EQ(Plugin::kOperationCount, 363u);
   for (size_t i = 0; i < Plugin::kOperationCount; ++i) {

@@ -34,6 +34,15 @@ int TestInstallation::storage(const std::string& toolPath, const std::string& ar
   return (raw & 0xFF) == 0 ? raw >> 8 : raw;
 }
 
+void TestInstallation::installExplanations(const std::string& errorsFolder) {
+  registry_.setString(ScratchRegistry::View::k32, "SOFTWARE\\Torvane\\Common\\Installer", "ZQSHAREDDIR",
+                      folder_.text());
+  const std::filesystem::path errors = std::filesystem::path(folder_.text()) / "errors";
+  std::filesystem::create_directories(errors);
+  std::filesystem::copy(errorsFolder, errors,
+                        std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
+}
+
 std::string TestInstallation::library(const std::string& stem) const {
   for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(folder_.text()) / "qxef"))
     if (entry.path().stem().string() == stem) return entry.path().string();

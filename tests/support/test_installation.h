@@ -22,6 +22,9 @@ class TestInstallation {
   int storage(const std::string& toolPath, const std::string& arguments) const;
   // A library of the library folder by its file stem, as the driver loads it.
   std::string library(const std::string& stem) const;
+  // The build's explanation files (the folder that holds English/) as the shared folder's
+  // errors/, which the registry names as the 32-bit shared folder.
+  void installExplanations(const std::string& errorsFolder);
 
  private:
   SharedFolder folder_;

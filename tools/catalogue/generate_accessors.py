@@ -5,7 +5,7 @@
   generate_accessors.py --list-sources TABLE TERMINALS TASK_OPERATIONS OUT_DIR
 
 TABLE is src/catalogue/attributes.tsv, TERMINALS src/catalogue/terminal_attributes.txt, and
-TASK_OPERATIONS src/task/task_operation_list.txt, the task interface's operations.
+TASK_OPERATIONS src/plugin/operations.tsv, whose rows name the task interface's operations.
 Writes, only where the text changed:
   OUT_DIR/accessors_<group>.cpp    the accessors of one operation family (and value type), or of
                                    the small families together in accessors_others.cpp; each a
@@ -39,6 +39,19 @@ OTHERS = "others"
 def read_names(path):
     with open(path, encoding="utf-8") as f:
         return {line.strip() for line in f if line.strip() and not line.startswith("#")}
+
+
+def read_task_operations(path):
+    """The operations of the task interface: the table's rows that the task has."""
+    names = set()
+    with open(path, encoding="utf-8") as f:
+        for line in f:
+            cells = line.rstrip("\n").split("\t")
+            if line.startswith("#") or len(cells) < 3 or cells[0] == "name":
+                continue
+            if cells[2] != "none":
+                names.add(cells[0])
+    return names
 
 
 def group_of(accessor):
@@ -203,7 +216,7 @@ def export_list(accessors):
 def load(args):
     rows = catalogue.read_table(args.table)
     catalogue.check_counts(rows)
-    return rows, model.build(rows, read_names(args.terminals), read_names(args.task_operations))
+    return rows, model.build(rows, read_names(args.terminals), read_task_operations(args.task_operations))
 
 
 def source_paths(out_dir, accessors):

@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 """Generates the plug-in operation table's code from its one data table.
 
-  generate.py TABLE OPERATION_LIST TASK_LIST OUT_DIR
+  generate.py TABLE OUT_DIR
 
-TABLE is src/plugin/operations.tsv. OPERATION_LIST and TASK_LIST are the reference lists of
-names (src/plugin/operation_list.txt, src/task/task_operation_list.txt): the table must name
-the plug-in operations in exactly that order and those families, and its forwarded and own
-rows must give the task interface exactly its list. Any difference fails the build.
+TABLE is src/plugin/operations.tsv, the source of truth of the plug-in's operations and of the
+task interface's. The build fails when the table has other counts than the known ones (363
+plug-in operations, 351 task entries with the preamble), a family that does not stand in one
+run, or a value that is not one of its column's.
 
 Writes, under OUT_DIR, only where the text changed:
   include/zqvorex_plugin_operations.h  the plug-in author's C part: a function-pointer type per
@@ -17,6 +17,8 @@ Writes, under OUT_DIR, only where the text changed:
   task/itask_overrides.inc             ZQ_TASK_OP(result, op, (parameters), (argument names)) per
                                        operation of the task interface after its preamble, so that
                                        an implementation defines the macro and overrides them all
+  task/task_routes.inc                 ZQ_TASK_ROUTE(op, route, mirrored) per operation of the task
+                                       interface after its preamble: how the task runs it
 """
 import os
 import re
@@ -27,7 +29,8 @@ TASK_COUNT = 351
 # The task interface's entries that come before the table's rows; they are hand-written.
 TASK_PREAMBLE = ["destructor", "lock(status)", "lock()", "unlock()", "getName", "getContext",
                  "getContext", "getEvents", "sharedFromThis", "sharedFromThis"]
-COLUMNS = ["name", "family", "task", "result", "parameters", "lists", "note"]
+COLUMNS = ["name", "family", "task", "route", "mirror", "result", "parameters", "lists", "note"]
+ROUTES = {"own", "channelCreation", "noDevice", "noChannels", "channelSetReset", "nothing", "done"}
 HANDLES = {"zqvorexPlugin_Task_undefined*", "zqvorexPlugin_Context_undefined*",
            "zqvorexPlugin_TimingSource_undefined*"}
 STATUS = ("zqerr_Status*", "status")
@@ -71,49 +74,21 @@ def read_table(path):
     return rows
 
 
-def read_operation_list(path):
-    """[(family, declared size, [names])] in order."""
-    families = []
-    with open(path, encoding="utf-8") as f:
-        for line in f:
-            line = line.strip()
-            if line.startswith("## "):
-                match = re.fullmatch(r"## (.+) \((\d+)\)", line)
-                families.append((match.group(1), int(match.group(2)), []))
-            elif line and not line.startswith("#"):
-                families[-1][2].append(line)
-    return families
-
-
-def read_names(path):
-    with open(path, encoding="utf-8") as f:
-        return [l.strip() for l in f if l.strip() and not l.startswith("#")]
-
-
-def check(rows, families, task_list):
+def check(rows):
     errors = []
     names = [r["name"] for r in rows]
     if len(set(names)) != len(names):
         errors.append("an operation appears twice in the table")
-    plugin = [r for r in rows if r["task"] != "own"]
-    expected = [(family, name) for family, _, members in families for name in members]
-    if len(expected) != PLUGIN_COUNT:
-        errors.append(f"the operation list has {len(expected)} names, not {PLUGIN_COUNT}")
-    for family, size, members in families:
-        if len(members) != size:
-            errors.append(f"family '{family}' lists {len(members)} names under a heading of {size}")
-    got = [(r["family"], r["name"]) for r in plugin]
-    if got != expected:
-        first = next((i for i, (a, b) in enumerate(zip(got, expected)) if a != b), min(len(got), len(expected)))
-        errors.append(f"table and operation list differ at position {first}: "
-                      f"{got[first] if first < len(got) else 'end'} vs "
-                      f"{expected[first] if first < len(expected) else 'end'}")
-    task = TASK_PREAMBLE + [r["name"] for r in rows if r["task"] in ("forwarded", "own")]
-    if len(task_list) != TASK_COUNT:
-        errors.append(f"the task list has {len(task_list)} entries, not {TASK_COUNT}")
-    if task != task_list:
-        first = next((i for i, (a, b) in enumerate(zip(task, task_list)) if a != b), min(len(task), len(task_list)))
-        errors.append(f"task interface and task list differ at entry {first}")
+    plugin = [r for r in rows if r["task"] != "taskOnly"]
+    if len(plugin) != PLUGIN_COUNT:
+        errors.append(f"the table has {len(plugin)} plug-in operations, not {PLUGIN_COUNT}")
+    families = [r["family"] for r in plugin]
+    runs = [f for i, f in enumerate(families) if i == 0 or families[i - 1] != f]
+    if len(runs) != len(set(runs)):
+        errors.append("a family of plug-in operations does not stand in one run")
+    task = TASK_PREAMBLE + [r["name"] for r in rows if r["task"] != "none"]
+    if len(task) != TASK_COUNT:
+        errors.append(f"the task interface has {len(task)} entries, not {TASK_COUNT}")
     for r in rows:
         errors.extend(f"{r['where']}: {e}" for e in check_row(r))
     if errors:
@@ -122,16 +97,24 @@ def check(rows, families, task_list):
 
 def check_row(r):
     params = r["params"]
-    if r["task"] not in ("forwarded", "own", "none"):
+    if r["task"] not in ("forwarded", "taskOnly", "none"):
         yield f"task column '{r['task']}'"
-    if (r["task"] == "own") != (r["family"] == "task"):
-        yield "only the task's own operations have the family 'task'"
+    if (r["task"] == "taskOnly") != (r["family"] == "task"):
+        yield "only the task-only operations have the family 'task'"
+    if r["task"] == "none" and (r["route"], r["mirror"]) != ("-", "-"):
+        yield "an operation the task interface lacks has no route"
+    if r["task"] != "none" and r["route"] not in ROUTES:
+        yield f"route '{r['route']}' is not one of {sorted(ROUTES)}"
+    if r["mirror"] not in ("yes", "-"):
+        yield f"mirror '{r['mirror']}' is neither yes nor -"
+    if r["mirror"] == "yes" and r["route"] not in ("noDevice", "noChannels"):
+        yield "a mirrored read or write runs the common frame"
     if params[-1] != STATUS:
         yield "the status is not the last parameter"
     if r["task"] == "forwarded" and params[0][0] != "zqvorexPlugin_Task_undefined*":
         yield "a forwarded operation does not take the task handle first"
-    if r["task"] == "own" and params[0][0] in HANDLES:
-        yield "the task's own operation takes a plug-in handle"
+    if r["task"] == "taskOnly" and params[0][0] in HANDLES:
+        yield "a task-only operation takes a plug-in handle"
     by_name = dict((n, t) for t, n in params)
     if len(by_name) != len(params):
         yield "two parameters share a name"
@@ -153,7 +136,7 @@ def c_params(params):
 
 
 def c_header(rows):
-    plugin = [r for r in rows if r["task"] != "own"]
+    plugin = [r for r in rows if r["task"] != "taskOnly"]
     out = [f"/* {HEADER} */", "#ifndef ZQVOREX_PLUGIN_OPERATIONS_H", "#define ZQVOREX_PLUGIN_OPERATIONS_H", "",
            f"#define ZQVOREX_PLUGIN_OPERATION_COUNT {len(plugin)}", "",
            "/* The type of each exported operation, in table order. */"]
@@ -167,7 +150,7 @@ def c_header(rows):
 
 
 def plugin_list(rows):
-    plugin = [r for r in rows if r["task"] != "own"]
+    plugin = [r for r in rows if r["task"] != "taskOnly"]
     out = [f"// {HEADER}",
            "// ZQ_PLUGIN_OPERATION(index, Op, op, result, (parameters), argument names...)"]
     for index, r in enumerate(plugin):
@@ -207,6 +190,16 @@ def task_overrides_inc(rows):
     return "\n".join(out) + "\n"
 
 
+def task_routes_inc(rows):
+    out = [f"// {HEADER}",
+           "// ZQ_TASK_ROUTE(operation, route, mirrored) for each operation of the task interface after",
+           "// its preamble, in table order."]
+    for r in rows:
+        if r["task"] != "none":
+            out.append(f"ZQ_TASK_ROUTE({r['name']}, {r['route']}, {'true' if r['mirror'] == 'yes' else 'false'})")
+    return "\n".join(out) + "\n"
+
+
 def write_if_changed(path, text):
     os.makedirs(os.path.dirname(path), exist_ok=True)
     if os.path.exists(path):
@@ -218,18 +211,19 @@ def write_if_changed(path, text):
 
 
 def main(argv):
-    if len(argv) != 5:
+    if len(argv) != 3:
         raise SystemExit(__doc__)
-    table, operation_list, task_list, out = argv[1:]
+    table, out = argv[1:]
     try:
         rows = read_table(table)
-        check(rows, read_operation_list(operation_list), read_names(task_list))
+        check(rows)
     except TableError as e:
         sys.exit(f"plug-in operation table: {e}")
     write_if_changed(os.path.join(out, "include", "zqvorex_plugin_operations.h"), c_header(rows))
     write_if_changed(os.path.join(out, "plugin", "plugin_operations.inc"), plugin_list(rows))
     write_if_changed(os.path.join(out, "task", "itask_operations.inc"), task_list_inc(rows))
     write_if_changed(os.path.join(out, "task", "itask_overrides.inc"), task_overrides_inc(rows))
+    write_if_changed(os.path.join(out, "task", "task_routes.inc"), task_routes_inc(rows))
 
 
 if __name__ == "__main__":

@@ -1,9 +1,12 @@
 // The registry of Linux: a .reg file that names the same keys and values as the Windows
 // registry of an installation. Every open reads the file afresh, so the file can be edited
 // while programs run, and an open key holds a copy of its values.
+#include <unistd.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <memory>
@@ -11,6 +14,7 @@
 #include <set>
 #include <string>
 
+#include "own_location.h"
 #include "platform/platform.h"
 #include "registry_file.h"
 
@@ -19,6 +23,7 @@ namespace zqplatform {
 namespace {
 
 constexpr const char* kDefaultRegistryFile = "/etc/zqcai/registry.reg";
+constexpr const char* kInstalledRegistryFile = "etc/zqcai/registry.reg";
 constexpr std::streamoff kMaxFileSize = 16 << 20;
 
 struct OpenKey {
@@ -77,10 +82,21 @@ std::string inView(std::string path, uint32_t access) {
   return std::string(kSoftware) + "\\WOW6432Node" + std::string(rest);
 }
 
+// ZQCAI_REGISTRY_FILE, else the installation's own file beside this library (an installation
+// into a prefix keeps it in <prefix>/etc/zqcai), else the machine's.
+std::string registryFileName() {
+  const char* named = std::getenv("ZQCAI_REGISTRY_FILE");
+  if (named && *named) return named;
+  const std::string own = posix::ownDirectory();
+  if (!own.empty()) {
+    const std::string installed = own + "../" + kInstalledRegistryFile;
+    if (access(installed.c_str(), F_OK) == 0) return installed;
+  }
+  return kDefaultRegistryFile;
+}
+
 uint32_t readFile(std::string* text) {
-  const char* name = std::getenv("ZQCAI_REGISTRY_FILE");
-  if (!name || !*name) name = kDefaultRegistryFile;
-  std::ifstream file(name, std::ios::binary);
+  std::ifstream file(registryFileName(), std::ios::binary);
   if (!file) return errno == EACCES ? kErrorAccessDenied : kErrorFileNotFound;
   file.seekg(0, std::ios::end);
   std::streamoff size = file.tellg();
@@ -136,6 +152,37 @@ uint32_t regQueryValue(RegistryKey key, const char16_t* valueName, uint32_t* typ
     return kErrorSuccess;
   }
   return kErrorFileNotFound;
+}
+
+// The wide value, with its strings taken to the system code page as the narrow query gives them.
+uint32_t regQueryValueNarrow(RegistryKey key, const char* valueName, uint32_t* type, void* data, uint32_t* size) {
+  if (data && !size) return kErrorInvalidParameter;
+  std::u16string name;
+  if (valueName && *valueName) {
+    int n = multiByteToWide(kCpAcp, 0, valueName, -1, nullptr, 0);
+    if (n <= 0) return kErrorFileNotFound;
+    name.resize(static_cast<size_t>(n));
+    multiByteToWide(kCpAcp, 0, valueName, -1, name.data(), n);
+  }
+  uint32_t valueType = 0, wideSize = 0;
+  if (uint32_t error = regQueryValue(key, name.c_str(), &valueType, nullptr, &wideSize)) return error;
+  std::string bytes(wideSize, '\0');
+  if (uint32_t error = regQueryValue(key, name.c_str(), &valueType, bytes.data(), &wideSize)) return error;
+  if (valueType == kRegSz || valueType == kRegExpandSz || valueType == kRegMultiSz) {
+    std::u16string units(wideSize / 2, u'\0');
+    std::memcpy(units.data(), bytes.data(), units.size() * 2);
+    int n = units.empty() ? 0 : wideToMultiByte(kCpAcp, 0, units.data(), static_cast<int>(units.size()), nullptr, 0);
+    bytes.assign(static_cast<size_t>(n > 0 ? n : 0), '\0');
+    if (n > 0) wideToMultiByte(kCpAcp, 0, units.data(), static_cast<int>(units.size()), bytes.data(), n);
+  }
+  auto needed = static_cast<uint32_t>(bytes.size());
+  if (type) *type = valueType;
+  uint32_t given = size ? *size : 0;
+  if (size) *size = needed;
+  if (!data) return kErrorSuccess;
+  if (given < needed) return kErrorMoreData;
+  std::memcpy(data, bytes.data(), bytes.size());
+  return kErrorSuccess;
 }
 
 uint32_t regCloseKey(RegistryKey key) {

@@ -26,6 +26,16 @@ uint32_t regQueryValue(RegistryKey key, const char16_t* valueName, uint32_t* typ
   return static_cast<uint32_t>(result);
 }
 
+uint32_t regQueryValueNarrow(RegistryKey key, const char* valueName, uint32_t* type, void* data, uint32_t* size) {
+  DWORD nativeType = 0;
+  DWORD nativeSize = size ? *size : 0;
+  LSTATUS result = RegQueryValueExA(native(key), valueName, nullptr, type ? &nativeType : nullptr,
+                                    static_cast<BYTE*>(data), size ? &nativeSize : nullptr);
+  if (type) *type = nativeType;
+  if (size) *size = nativeSize;
+  return static_cast<uint32_t>(result);
+}
+
 uint32_t regCloseKey(RegistryKey key) { return static_cast<uint32_t>(RegCloseKey(native(key))); }
 
 }  // namespace zqplatform

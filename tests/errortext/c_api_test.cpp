@@ -1,0 +1,61 @@
+// The error text functions as a C program meets them: through the public header and the shared
+// library, on both systems.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "driver_installation.h"
+#include "errortext_scenario.h"
+
+namespace {
+
+constexpr const char* kSubstitute =
+    "Error code could not be found. Reinstalling the driver might fix the issue. Otherwise, contact Torvane "
+    "technical support.";
+
+const testing::Environment* const kInstallation =
+    testing::AddGlobalTestEnvironment(new zqtest::DriverInstallation("errortext-c"));
+
+std::string text(int32 (*call)(char*, uInt32)) {
+  std::vector<char> buffer(4096);
+  EXPECT_EQ(call(buffer.data(), static_cast<uInt32>(buffer.size())), 0);
+  return buffer.data();
+}
+
+std::string codeText(int32 code) {
+  std::vector<char> buffer(4096);
+  EXPECT_EQ(zqtestErrorString(code, buffer.data(), static_cast<uInt32>(buffer.size())), 0);
+  return buffer.data();
+}
+
+TEST(CApi, EveryCodeOfTheStatusTableHasItsOwnText) {
+  EXPECT_GT(zqtestCountCodes(), 90);
+  EXPECT_EQ(zqtestFirstCodeWithoutText(kSubstitute), 0);
+}
+
+TEST(CApi, AnUnknownCodeGetsTheSubstitute) { EXPECT_EQ(codeText(-424242), kSubstitute); }
+
+TEST(CApi, AFailedCallIsToldByTheExtendedErrorInfo) {
+  ASSERT_EQ(zqtestFailWithNullHandle(), -200230);
+  const std::string described = codeText(-200230);
+  EXPECT_EQ(described.rfind("A required pointer or handle was null.", 0), 0u) << described;
+  EXPECT_EQ(text(&zqtestLastError), described);
+}
+
+TEST(CApi, TheBufferProtocol) {
+  ASSERT_EQ(zqtestFailWithNullHandle(), -200230);
+  for (int32 (*call)(char*, uInt32) : {+[](char* b, uInt32 n) { return zqtestErrorString(-200228, b, n); },
+                                       +[](char* b, uInt32 n) { return zqtestLastError(b, n); }}) {
+    const int32 size = call(nullptr, 0);
+    ASSERT_GT(size, 1);
+    std::vector<char> buffer(static_cast<size_t>(size), 'z');
+    EXPECT_EQ(call(buffer.data(), static_cast<uInt32>(size)), 0);
+    const std::string whole = buffer.data();
+    EXPECT_EQ(whole.size() + 1, static_cast<size_t>(size));
+    EXPECT_EQ(call(buffer.data(), static_cast<uInt32>(size - 1)), 200026);
+    EXPECT_EQ(std::string(buffer.data()), whole.substr(0, whole.size() - 1));
+  }
+}
+
+}  // namespace
