@@ -39,6 +39,12 @@ typedef double float64;
 /* The elements of a task's lists by number. */
 #include "zqcai_rd_mbcs_utilities.h"
 
+/* Channel creation, generated from its table. */
+#include "zqcai_rd_mbcs_channels.h"
+
+/* Timing, triggers, buffers, signal export, calibration and watchdog tasks. */
+#include "zqcai_rd_mbcs_configuration.h"
+
 /* The error text functions. */
 #include "zqcai_rd_mbcs_errortext.h"
 
