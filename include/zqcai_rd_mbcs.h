@@ -20,9 +20,11 @@ typedef uint32_t uInt32;
 typedef uint64_t uInt64;
 typedef double float64;
 
-/* Generated from the attribute catalogue: the attribute id constants and the named accessors. */
+/* Generated from the attribute catalogue: the attribute id constants and the named accessors;
+ * and from the table of values, the enumerated values callers pass. */
 #include "zqcai_rd_mbcs_attribute_ids.h"
 #include "zqcai_rd_mbcs_accessors.h"
+#include "zqcai_rd_mbcs_values.h"
 
 /* Tasks. */
 #include "zqcai_rd_mbcs_tasks.h"
