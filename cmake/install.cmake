@@ -18,6 +18,8 @@ file(GLOB zq_public_headers ${PROJECT_SOURCE_DIR}/include/*.h)
 install(FILES ${zq_public_headers}
   ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_attribute_ids.h
   ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_accessors.h
+  ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_channels.h
+  ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_values.h
   ${ZQ_STATUS_INCLUDE}/zqvorex_status_codes.h
   ${PROJECT_BINARY_DIR}/src/plugin/generated/include/zqvorex_plugin_operations.h
   DESTINATION include)

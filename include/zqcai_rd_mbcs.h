@@ -20,9 +20,11 @@ typedef uint32_t uInt32;
 typedef uint64_t uInt64;
 typedef double float64;
 
-/* Generated from the attribute catalogue: the attribute id constants and the named accessors. */
+/* Generated from the attribute catalogue: the attribute id constants and the named accessors;
+ * and from the table of values, the enumerated values callers pass. */
 #include "zqcai_rd_mbcs_attribute_ids.h"
 #include "zqcai_rd_mbcs_accessors.h"
+#include "zqcai_rd_mbcs_values.h"
 
 /* Tasks. */
 #include "zqcai_rd_mbcs_tasks.h"
@@ -38,6 +40,12 @@ typedef double float64;
 
 /* The elements of a task's lists by number. */
 #include "zqcai_rd_mbcs_utilities.h"
+
+/* Channel creation, generated from its table. */
+#include "zqcai_rd_mbcs_channels.h"
+
+/* Timing, triggers, buffers, signal export, calibration and watchdog tasks. */
+#include "zqcai_rd_mbcs_configuration.h"
 
 /* The error text functions. */
 #include "zqcai_rd_mbcs_errortext.h"

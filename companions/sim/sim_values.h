@@ -1,10 +1,12 @@
 // The enumerated values that the simulated device understands in channel, timing and trigger
-// settings, as the numbers callers pass. Attribute ids come from the generated catalogue header.
+// settings, as the numbers callers pass: the public values where the header has them. Attribute ids
+// come from the generated catalogue header.
 #pragma once
 
 #include <cstdint>
 
 #include "zqcai_rd_mbcs_attribute_ids.h"
+#include "zqcai_rd_mbcs_values.h"
 
 namespace zqsim::val {
 
@@ -22,15 +24,15 @@ inline constexpr int32_t kHandshake = 10389;
 inline constexpr int32_t kOnDemand = 10390;
 inline constexpr int32_t kImplicit = 10451;
 inline constexpr int32_t kChangeDetection = 12504;
-inline constexpr int32_t kFiniteSamps = 10178;
-inline constexpr int32_t kContSamps = 10123;
-inline constexpr int32_t kHWTimedSinglePoint = 12522;
+inline constexpr int32_t kFiniteSamps = Vorex_Val_FiniteSamps;
+inline constexpr int32_t kContSamps = Vorex_Val_ContSamps;
+inline constexpr int32_t kHWTimedSinglePoint = Vorex_Val_HWTimedSinglePoint;
 
 // Edges, slopes, levels.
-inline constexpr int32_t kRising = 10280;
-inline constexpr int32_t kFalling = 10171;
-inline constexpr int32_t kHigh = 10192;
-inline constexpr int32_t kLow = 10214;
+inline constexpr int32_t kRising = Vorex_Val_Rising;
+inline constexpr int32_t kFalling = Vorex_Val_Falling;
+inline constexpr int32_t kHigh = Vorex_Val_High;
+inline constexpr int32_t kLow = Vorex_Val_Low;
 
 // Trigger types and conditions.
 inline constexpr int32_t kNone = 10230;
@@ -39,30 +41,30 @@ inline constexpr int32_t kAnlgWin = 10103;
 inline constexpr int32_t kDigEdge = 10150;
 inline constexpr int32_t kDigPattern = 10398;
 inline constexpr int32_t kTime = 15996;
-inline constexpr int32_t kEnteringWin = 10163;
-inline constexpr int32_t kLeavingWin = 10208;
+inline constexpr int32_t kEnteringWin = Vorex_Val_EnteringWin;
+inline constexpr int32_t kLeavingWin = Vorex_Val_LeavingWin;
 inline constexpr int32_t kPatternMatches = 10254;
 inline constexpr int32_t kPatternDoesNotMatch = 10253;
 
 // Read and write behaviour.
-inline constexpr int32_t kOverwriteUnreadSamps = 10252;
-inline constexpr int32_t kDoNotOverwriteUnreadSamps = 10159;
-inline constexpr int32_t kAllowRegen = 10097;
-inline constexpr int32_t kDoNotAllowRegen = 10158;
-inline constexpr int32_t kFirstSample = 10424;
-inline constexpr int32_t kCurrReadPos = 10425;
-inline constexpr int32_t kMostRecentSamp = 10428;
+inline constexpr int32_t kOverwriteUnreadSamps = Vorex_Val_OverwriteUnreadSamps;
+inline constexpr int32_t kDoNotOverwriteUnreadSamps = Vorex_Val_DoNotOverwriteUnreadSamps;
+inline constexpr int32_t kAllowRegen = Vorex_Val_AllowRegen;
+inline constexpr int32_t kDoNotAllowRegen = Vorex_Val_DoNotAllowRegen;
+inline constexpr int32_t kFirstSample = Vorex_Val_FirstSample;
+inline constexpr int32_t kCurrReadPos = Vorex_Val_CurrReadPos;
+inline constexpr int32_t kMostRecentSamp = Vorex_Val_MostRecentSamp;
 
 // Units.
-inline constexpr int32_t kVolts = 10348;
-inline constexpr int32_t kAmps = 10342;
-inline constexpr int32_t kDegC = 10143;
-inline constexpr int32_t kDegF = 10144;
-inline constexpr int32_t kKelvins = 10325;
-inline constexpr int32_t kDegR = 10145;
-inline constexpr int32_t kFromCustomScale = 10065;
-inline constexpr int32_t kOhms = 10384;
-inline constexpr int32_t kStrain = 10299;
+inline constexpr int32_t kVolts = Vorex_Val_Volts;
+inline constexpr int32_t kAmps = Vorex_Val_Amps;
+inline constexpr int32_t kDegC = Vorex_Val_DegC;
+inline constexpr int32_t kDegF = Vorex_Val_DegF;
+inline constexpr int32_t kKelvins = Vorex_Val_Kelvins;
+inline constexpr int32_t kDegR = Vorex_Val_DegR;
+inline constexpr int32_t kFromCustomScale = Vorex_Val_FromCustomScale;
+inline constexpr int32_t kOhms = Vorex_Val_Ohms;
+inline constexpr int32_t kStrain = Vorex_Val_Strain;
 inline constexpr int32_t kVoltsPerVolt = 15896;
 inline constexpr int32_t kMilliVoltsPerVolt = 15897;
 inline constexpr int32_t kNewtons = 15875;
@@ -79,13 +81,13 @@ inline constexpr int32_t kG = 10186;
 inline constexpr int32_t kMetersPerSecondSquared = 12470;
 inline constexpr int32_t kMetersPerSecond = 15959;
 inline constexpr int32_t kInchesPerSecond = 15960;
-inline constexpr int32_t kHz = 10373;
-inline constexpr int32_t kSeconds = 10364;
-inline constexpr int32_t kTicks = 10304;
-inline constexpr int32_t kMeters = 10219;
-inline constexpr int32_t kInches = 10379;
-inline constexpr int32_t kDegrees = 10146;
-inline constexpr int32_t kRadians = 10273;
+inline constexpr int32_t kHz = Vorex_Val_Hz;
+inline constexpr int32_t kSeconds = Vorex_Val_Seconds;
+inline constexpr int32_t kTicks = Vorex_Val_Ticks;
+inline constexpr int32_t kMeters = Vorex_Val_Meters;
+inline constexpr int32_t kInches = Vorex_Val_Inches;
+inline constexpr int32_t kDegrees = Vorex_Val_Degrees;
+inline constexpr int32_t kRadians = Vorex_Val_Radians;
 
 // Sensor sensitivity units.
 inline constexpr int32_t kMilliVoltsPerG = 12509;
@@ -96,13 +98,13 @@ inline constexpr int32_t kMilliVoltsPerMillimeterPerSecond = 15963;
 inline constexpr int32_t kMilliVoltsPerInchPerSecond = 15964;
 
 // Terminal configuration, excitation, sources.
-inline constexpr int32_t kCfgDefault = -1;
-inline constexpr int32_t kRSE = 10083;
-inline constexpr int32_t kNRSE = 10078;
-inline constexpr int32_t kDiff = 10106;
-inline constexpr int32_t kPseudoDiff = 12529;
-inline constexpr int32_t kInternal = 10200;
-inline constexpr int32_t kExternal = 10167;
+inline constexpr int32_t kCfgDefault = Vorex_Val_Cfg_Default;
+inline constexpr int32_t kRSE = Vorex_Val_RSE;
+inline constexpr int32_t kNRSE = Vorex_Val_NRSE;
+inline constexpr int32_t kDiff = Vorex_Val_Diff;
+inline constexpr int32_t kPseudoDiff = Vorex_Val_PseudoDiff;
+inline constexpr int32_t kInternal = Vorex_Val_Internal;
+inline constexpr int32_t kExternal = Vorex_Val_External;
 inline constexpr int32_t kBuiltIn = 10200;
 inline constexpr int32_t kConstVal = 10116;
 inline constexpr int32_t kChan = 10113;
@@ -154,12 +156,12 @@ inline constexpr int32_t kFuncSquare = 14753;
 inline constexpr int32_t kFuncSawtooth = 14754;
 
 // Digital line grouping.
-inline constexpr int32_t kChanPerLine = 0;
-inline constexpr int32_t kChanForAllLines = 1;
+inline constexpr int32_t kChanPerLine = Vorex_Val_ChanPerLine;
+inline constexpr int32_t kChanForAllLines = Vorex_Val_ChanForAllLines;
 
 // Counters.
-inline constexpr int32_t kCountUp = 10128;
-inline constexpr int32_t kCountDown = 10124;
+inline constexpr int32_t kCountUp = Vorex_Val_CountUp;
+inline constexpr int32_t kCountDown = Vorex_Val_CountDown;
 inline constexpr int32_t kDecodingX1 = 10090;
 inline constexpr int32_t kDecodingX2 = 10091;
 inline constexpr int32_t kDecodingX4 = 10092;

@@ -39,15 +39,19 @@ TaskRef TaskCreation::enter(TaskRef task) {
   return task;
 }
 
-TaskRef createNamedTask(TaskCreation& creation, const std::string& name, zqerr_Status* status) {
+std::string newTaskName(const std::string& name, zqerr_Status* status) {
   std::string taskName = name;
-  if (zqerr::isOpen(status)) {
-    if (taskName.empty()) {
-      if (auto generator = getTaskNameGenerator(status)) taskName = generator->generateTaskName(status);
-    } else {
-      validateTaskName(taskName, status);
-    }
+  if (!zqerr::isOpen(status)) return taskName;
+  if (taskName.empty()) {
+    if (auto generator = getTaskNameGenerator(status)) taskName = generator->generateTaskName(status);
+  } else {
+    validateTaskName(taskName, status);
   }
+  return taskName;
+}
+
+TaskRef createNamedTask(TaskCreation& creation, const std::string& name, zqerr_Status* status) {
+  const std::string taskName = newTaskName(name, status);
   return creation.make([&](zqvorexRedir::ITaskFactory& factory, auto context, zqerr_Status* s) {
     return factory.createTask(std::move(context), "", "", taskName, zqvorexRedir::kTaskKindCreated, s);
   });

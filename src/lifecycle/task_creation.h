@@ -42,8 +42,10 @@ class TaskCreation {
   TaskRollback rollback_;  // last: it ends first, while the services are still held
 };
 
-// VorexCreateTask's task: `name` already converted and stripped; an empty name is generated,
-// any other must pass the name rule.
+// The name of a new task from `name`, already converted and stripped: generated when it is
+// empty, else `name` itself, which must pass the rule for task names.
+std::string newTaskName(const std::string& name, zqerr_Status* status);
+// VorexCreateTask's task, named by newTaskName.
 TaskRef createNamedTask(TaskCreation& creation, const std::string& name, zqerr_Status* status);
 // VorexLoadTask's task: the saved task of that name; an empty name is kErrorInvalidTask.
 TaskRef loadSavedTask(TaskCreation& creation, const std::string& name, zqerr_Status* status);

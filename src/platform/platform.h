@@ -198,3 +198,33 @@ inline constexpr int kCrtEnametoolong = 38;
 size_t crtErrorText(int crtErrno, char* buffer, size_t size);
 
 }  // namespace zqplatform
+
+// === calendar =================================================================================
+// _mktime64 and _localtime64 of the C runtime, for calibration dates. On Linux mktime and
+// localtime_r under the same contract: times are seconds since 1970-01-01 00:00:00 UTC, valid
+// from 0 to kMaxTime64 (the runtime's _MAX__TIME64_T, 3001-01-01 07:59:59 UTC), in the local
+// time zone (TZ).
+namespace zqplatform {
+
+struct CalendarTime {  // the fields of struct tm
+  int32_t second;
+  int32_t minute;
+  int32_t hour;
+  int32_t day;              // of the month, from 1
+  int32_t month;            // from 0
+  int32_t yearsSince1900;
+  int32_t weekday;          // output only
+  int32_t yearDay;          // output only
+  int32_t daylightSaving;   // 0 reads the fields as standard time; after a conversion, > 0 while in force
+};
+
+inline constexpr int64_t kMaxTime64 = 0x793406FFF;
+
+// The local time in `record`, normalised in place (a month of 12 is January of the next year,
+// and a record read as standard time while daylight saving is in force comes out one hour later
+// with its flag set). -1 when the result lies outside the valid range.
+int64_t makeTime64(CalendarTime* record);
+// The local calendar time of `time`; false when `time` lies outside the valid range.
+bool localTime64(int64_t time, CalendarTime* record);
+
+}  // namespace zqplatform

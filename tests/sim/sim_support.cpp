@@ -56,10 +56,12 @@ std::shared_ptr<zqvorexRedir::IPluginSelector> selector() {
   return shared;
 }
 
-// One manager for the program: the plug-in stays loaded from the first task to the end.
+// One manager for the program, never destroyed: as in the library, the plug-in stays loaded to
+// the process's end, so what it keeps for the process (its device registry) stays reachable.
 std::shared_ptr<zqvorexRedir::PluginManager> manager() {
-  static const auto shared = std::make_shared<zqvorexRedir::PluginManager>(binFolder());
-  return shared;
+  using Manager = zqvorexRedir::PluginManager;
+  static const auto* shared = new std::shared_ptr<Manager>(std::make_shared<Manager>(binFolder()));
+  return *shared;
 }
 
 }  // namespace

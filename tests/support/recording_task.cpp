@@ -64,6 +64,7 @@ void describeView(RecordedArg& arg, const std::string& op, const zqgopher_ArrayV
     arg.text = "null";
     return;
   }
+  arg.data = view->data;
   if (view->count == 0) {
     arg.text = "";
     arg.value = std::vector<std::string>{};
@@ -103,6 +104,17 @@ void describe(RecordedArg& arg, const std::string& op, const T& value) {
     arg.value = static_cast<double>(value);
   } else if constexpr (std::is_pointer_v<T>) {
     arg.text = value ? "pointer" : "null";
+    // A record the operation only reads (an absolute time, a layout): its bytes too.
+    using Pointee = std::remove_pointer_t<T>;
+    if constexpr (std::is_const_v<Pointee> && !std::is_void_v<Pointee> &&
+                  !std::is_same_v<std::remove_cv_t<Pointee>, char> && Complete<Pointee>) {
+      if constexpr (std::is_trivially_copyable_v<Pointee>) {
+        if (value) {
+          const auto* bytes = reinterpret_cast<const uint8_t*>(value);
+          arg.value = std::vector<uint8_t>(bytes, bytes + sizeof(Pointee));
+        }
+      }
+    }
   } else {
     static_assert(std::is_trivially_copyable_v<T>);
     const auto* bytes = reinterpret_cast<const uint8_t*>(&value);

@@ -35,9 +35,10 @@
 // "const zqgopher_ArrayView*"), its value as text, and as a Value:
 //   - a list view (StringArrayView) and the view of a *StringVtr set: the strings;
 //   - the view of a *F64Vtr, *I32Vtr or *U32Vtr set: the numbers; other views only their count;
+//     every view also its data pointer (RecordedArg::data);
 //   - text: the UTF-8 string; bool and unsigned integers: uint64_t; signed integers: int64_t;
-//     double: double; a struct passed by value: its bytes; a pointer: nothing, text "null" or
-//     "pointer".
+//     double: double; a struct passed by value: its bytes; a pointer: text "null" or
+//     "pointer", and the bytes of a record it points to that the operation only reads.
 // For the attribute operations, channels holds the names of the first list view, attributeId
 // the id, and arg("value") the value set (or the sink of a get).
 //
@@ -72,6 +73,7 @@ struct RecordedArg {
   std::string type;
   std::string text;
   Value value;
+  const void* data = nullptr;  // a view's first element, as the caller's array
 };
 
 struct RecordedCall {
