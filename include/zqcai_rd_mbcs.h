@@ -42,6 +42,12 @@ typedef double float64;
 /* The error text functions. */
 #include "zqcai_rd_mbcs_errortext.h"
 
+/* Attributes by id, the hand-written and absolute-time accessors, and the obsolete ones. */
+#include "zqcai_rd_mbcs_attributes.h"
+
+/* Saving tasks and global channels, and tasks as INI text. */
+#include "zqcai_rd_mbcs_saved_tasks.h"
+
 #ifdef __cplusplus
 }
 #endif

@@ -22,6 +22,18 @@ void validateTaskName(const std::string& name, zqerr_Status* status) {
   zqwombat::validateObjectName(wide, &kind, status);
 }
 
+// An empty name is generated, any other must pass the name rule.
+std::string nameForNewTask(const std::string& name, zqerr_Status* status) {
+  std::string taskName = name;
+  if (!zqerr::isOpen(status)) return taskName;
+  if (taskName.empty()) {
+    if (auto generator = getTaskNameGenerator(status)) taskName = generator->generateTaskName(status);
+  } else {
+    validateTaskName(taskName, status);
+  }
+  return taskName;
+}
+
 }  // namespace
 
 TaskCreation::TaskCreation(zqerr_Status* status)
@@ -40,16 +52,17 @@ TaskRef TaskCreation::enter(TaskRef task) {
 }
 
 TaskRef createNamedTask(TaskCreation& creation, const std::string& name, zqerr_Status* status) {
-  std::string taskName = name;
-  if (zqerr::isOpen(status)) {
-    if (taskName.empty()) {
-      if (auto generator = getTaskNameGenerator(status)) taskName = generator->generateTaskName(status);
-    } else {
-      validateTaskName(taskName, status);
-    }
-  }
+  const std::string taskName = nameForNewTask(name, status);
   return creation.make([&](zqvorexRedir::ITaskFactory& factory, auto context, zqerr_Status* s) {
     return factory.createTask(std::move(context), "", "", taskName, zqvorexRedir::kTaskKindCreated, s);
+  });
+}
+
+TaskRef createTaskFromText(TaskCreation& creation, const std::string& name, const std::string& iniText,
+                           zqerr_Status* status) {
+  const std::string taskName = nameForNewTask(name, status);
+  return creation.make([&](zqvorexRedir::ITaskFactory& factory, auto context, zqerr_Status* s) {
+    return factory.createTaskFromString(std::move(context), taskName, kIniTextFormat, iniText, s);
   });
 }
 
