@@ -1,11 +1,14 @@
 // Functions of attributes that no longer exist, kept so that old programs still link: each
 // fails, whatever its arguments, with a report that names it. The trace record carries the same
-// name, qualified, in place of the plain export name.
+// name, qualified, in place of the plain export name. The failure is the thread's last, like any
+// other, so that the report can be read.
 #include "zqcai_rd_mbcs.h"
 
 #include "frame/export.h"
+#include "lasterror/last_error.h"
 #include "status/error_sites.h"
 #include "status/report_writer.h"
+#include "task/itask.h"
 #include "tracing/trace.h"
 
 namespace {
@@ -18,6 +21,7 @@ int32_t obsolete(const char* name, const zqerr::Site& site) {
     zqerr::addItem(zqerr::openOrderedData(&status, zqerr::kTranslatorZqvorex), zqerr::usage::kUsageTypeProcedureName,
                    name);
   trace.retval(status.code);
+  nZQCAI100::LastErrorRecorder<zqvorexRedir::ITask> recorder(&status, nullptr, nullptr);
   return status.code;
 }
 

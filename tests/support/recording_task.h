@@ -36,8 +36,8 @@
 //   - a list view (StringArrayView) and the view of a *StringVtr set: the strings;
 //   - the view of a *F64Vtr, *I32Vtr or *U32Vtr set: the numbers; other views only their count;
 //   - text: the UTF-8 string; bool and unsigned integers: uint64_t; signed integers: int64_t;
-//     double: double; a struct passed by value: its bytes; a pointer: nothing, text "null" or
-//     "pointer".
+//     double: double; a struct passed by value, or an absolute time by const pointer: its
+//     bytes; any other pointer: nothing, text "null" or "pointer".
 // For the attribute operations, channels holds the names of the first list view, attributeId
 // the id, and arg("value") the value set (or the sink of a get).
 //
