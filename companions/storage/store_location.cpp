@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <filesystem>
 
 #include "platform_paths.h"
 
@@ -46,6 +47,11 @@ std::string localStorePath() {
   if (!path.empty()) return path;
   std::string folder = moduleFolder();
   if (folder.empty()) return kStoreFileName;
+  // The zqstorage tool of an installation lies in <prefix>/bin, the storage library in the
+  // shared folder's qxef: both mean the shared folder's store.
+  std::error_code ignored;
+  const std::string installed = folder + "/../" + kInstalledSharedFolder;
+  if (std::filesystem::is_directory(installed + "/qxef", ignored)) return installed + "/" + kStoreFileName;
   return folder + "/../" + kStoreFileName;
 }
 

@@ -10,6 +10,8 @@ namespace zqstorage {
 // The variable that names the local store's file.
 inline constexpr const char* kStoreFileVariable = "ZQCAI_STORAGE_FILE";
 inline constexpr const char* kStoreFileName = "zqvorexStorage.db";
+// The shared folder of an installation into a prefix, relative to the prefix.
+inline constexpr const char* kInstalledSharedFolder = "share/zqcai";
 inline constexpr std::string_view kMemoryUrlPrefix = "memory:";
 inline constexpr const char* kLocalUrl = "127.0.0.1";
 

@@ -80,9 +80,10 @@ size_t systemErrorText(uint32_t code, char* buffer, size_t size);
 // === registry and shell folders =============================================================
 // RegOpenKeyExW, RegQueryValueExW, RegCloseKey and SHGetFolderPathW(CSIDL_SYSTEM). On Linux
 // the registry is the keys and values of a file in the Windows .reg export format, named by
-// ZQCAI_REGISTRY_FILE (default /etc/zqcai/registry.reg) and read afresh at every open, so one
+// ZQCAI_REGISTRY_FILE (else <this library's folder>/../etc/zqcai/registry.reg when there is one,
+// else /etc/zqcai/registry.reg) and read afresh at every open, so one
 // file describes an installation on both systems; the system folder is ZQCAI_SYSTEM_FOLDER
-// (default /usr/lib).
+// (default: the folder of this library).
 using RegistryKey = uintptr_t;  // an HKEY's value
 inline constexpr RegistryKey predefinedKey(uint32_t id) {
   return static_cast<RegistryKey>(static_cast<intptr_t>(static_cast<int32_t>(id)));

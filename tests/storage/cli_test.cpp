@@ -139,5 +139,50 @@ TEST(StorageTool, ImportedTaskExportsAsTextThatReadsBackTheSame) {
   EXPECT_EQ(zqstorage(store, "tasks").out, "no tasks are saved\n");
 }
 
+TEST(StorageTool, MakesAFreshStoreWithTheSimulatedDeviceOnlyWhenToldToReplaceOne) {
+  const std::string store = useFreshStore("cli_sim_store");
+  const ToolRun made = zqstorage(store, "new-sim-store");
+  EXPECT_EQ(made.exitCode, 0) << made.err;
+  EXPECT_EQ(made.out, "made a fresh store holding \"SimDev1\"\n");
+  EXPECT_EQ(zqstorage(store, "add-device Other --class 7").exitCode, 0);
+  const ToolRun again = zqstorage(store, "new-sim-store");
+  EXPECT_EQ(again.exitCode, 2);
+  EXPECT_TRUE(contains(again.err, "--force")) << again.err;
+  EXPECT_EQ(zqstorage(store, "new-sim-store --force").exitCode, 0);
+  const ToolRun listed = zqstorage(store, "devices");
+  EXPECT_TRUE(contains(listed.out, "SimDev1  23809  zqvorexSim  yes")) << listed.out;
+  EXPECT_FALSE(contains(listed.out, "Other")) << "the old store is gone";
+}
+
+TEST(StorageTool, SetsWhatAnInputOfASimulatedDeviceSees) {
+  const std::string store = useFreshStore("cli_sim_signals");
+  ASSERT_EQ(zqstorage(store, "add-sim-device Bench --speed 20").exitCode, 0);
+  const ToolRun set = zqstorage(store, "set-signal Bench ai3 square amplitude=2 frequency=5 duty=25");
+  EXPECT_EQ(set.exitCode, 0) << set.err;
+  EXPECT_EQ(set.out, "Bench/ai3: square amplitude=2 frequency=5 offset=0 phase=0 duty=25 noise=0.001\n");
+  const ToolRun listed = zqstorage(store, "sim-devices");
+  EXPECT_TRUE(contains(listed.out, "Bench (speed 20)")) << listed.out;
+  EXPECT_TRUE(contains(listed.out, "  ai3: square amplitude=2")) << listed.out;
+  EXPECT_TRUE(
+      contains(listed.out, "  ai4: sine amplitude=3 frequency=50 offset=0 phase=0 noise=0.001 (default)"));
+
+  const ToolRun bad = zqstorage(store, "set-signal Bench ai3 square duty=150");
+  EXPECT_EQ(bad.exitCode, 2);
+  EXPECT_TRUE(contains(bad.err, "duty")) << bad.err;
+  EXPECT_EQ(zqstorage(store, "set-signal Bench ai16 sine").exitCode, 2);
+  EXPECT_EQ(zqstorage(store, "reset-signal Bench ai3").exitCode, 0);
+  EXPECT_TRUE(contains(zqstorage(store, "sim-devices").out, "  ai3: sine amplitude=2.5"));
+}
+
+TEST(StorageTool, RemovesOnlySimulatedDevicesAsSuch) {
+  const std::string store = useFreshStore("cli_sim_remove");
+  ASSERT_EQ(zqstorage(store, "add-sim-device SimA").exitCode, 0);
+  ASSERT_EQ(zqstorage(store, "add-device Real --class 7").exitCode, 0);
+  EXPECT_EQ(zqstorage(store, "remove-sim-device Real").exitCode, 2);
+  EXPECT_EQ(zqstorage(store, "remove-sim-device SimA").exitCode, 0);
+  EXPECT_EQ(zqstorage(store, "sim-devices").out, "no simulated devices are configured\n");
+  EXPECT_EQ(zqstorage(store, "remove-sim-device SimA").exitCode, 1) << "the store knows no such device";
+}
+
 }  // namespace
 }  // namespace zqtest

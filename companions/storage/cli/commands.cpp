@@ -8,6 +8,7 @@
 #include "device_classes.h"
 #include "ini_writer.h"
 #include "properties.h"
+#include "sim_commands.h"
 #include "stored_definitions.h"
 #include "zqvorex_storage.h"
 
@@ -287,7 +288,9 @@ void printUsage(std::ostream& out) {
          "  delete-channel NAME                delete a global channel\n"
          "  import FILE                        save the tasks and channels of INI text (- reads standard input)\n"
          "  export NAME [FILE]                 write a saved task or global channel as INI text\n"
-         "\n"
+         "\n";
+  printSimUsage(out);
+  out << "\n"
          "The store is the file FILE, else $ZQCAI_STORAGE_FILE, else zqvorexStorage.db in the folder\n"
          "above this program's. Exit codes: 0 done, 1 the store refused or failed, 2 bad command line.\n";
 }

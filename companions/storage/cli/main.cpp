@@ -4,6 +4,7 @@
 
 #include "arguments.h"
 #include "commands.h"
+#include "sim_commands.h"
 #include "store_location.h"
 
 using namespace zqstorage;
@@ -17,14 +18,21 @@ constexpr int kExitUsage = 2;
 std::string storePath;
 
 int run(int argc, char** argv) {
-  const Arguments args(argc, argv, {"store", "class", "plugin", "name", "product", "parent"});
+  const Arguments args(argc, argv, {"store", "class", "plugin", "name", "product", "parent", "speed", "seed"});
   if (args.command().empty() || args.command() == "help" || args.flag("help")) {
     printUsage(std::cout);
     return args.command().empty() ? kExitUsage : 0;
   }
-  if (!knowsCommand(args.command())) throw UsageError("unknown command \"" + args.command() + "\"");
+  const bool sim = knowsSimCommand(args.command());
+  if (!sim && !knowsCommand(args.command())) throw UsageError("unknown command \"" + args.command() + "\"");
   storePath = args.option("store").value_or(localStorePath());
-  runCommand(args, Session::openFile(storePath), std::cout, std::cerr);
+  if (args.command() == "new-sim-store") prepareFreshStore(args, storePath);
+  const auto store = Session::openFile(storePath);
+  if (sim) {
+    runSimCommand(args, *store, std::cout);
+  } else {
+    runCommand(args, store, std::cout, std::cerr);
+  }
   return 0;
 }
 

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <string>
 
+#include "own_location.h"
 #include "platform/platform.h"
 
 namespace zqplatform {
@@ -15,23 +16,6 @@ namespace {
 // The loader's own words for the last failure on this thread: they name the file or symbol,
 // where the Windows text would not.
 thread_local std::string tLoaderText;
-
-std::string directoryOf(const std::string& path) {
-  size_t slash = path.rfind('/');
-  return slash == std::string::npos ? std::string() : path.substr(0, slash + 1);
-}
-
-std::string executableDirectory() {
-  char buffer[PATH_MAX];
-  ssize_t n = readlink("/proc/self/exe", buffer, sizeof buffer - 1);
-  return n > 0 ? directoryOf(std::string(buffer, static_cast<size_t>(n))) : std::string();
-}
-
-std::string ownDirectory() {
-  Dl_info info{};
-  if (!dladdr(reinterpret_cast<void*>(&executableDirectory), &info) || !info.dli_fname) return {};
-  return directoryOf(info.dli_fname);
-}
 
 // Backslashes become slashes; a file name without a dot gets ".so", as Windows adds ".dll".
 std::string nativePath(const char* path) {
@@ -50,7 +34,7 @@ bool exists(const std::string& path) { return access(path.c_str(), F_OK) == 0; }
 // loader looks in the application's folder; then dlopen searches as it does.
 std::string candidate(const std::string& native) {
   if (native.find('/') != std::string::npos) return native;
-  for (const std::string& dir : {executableDirectory(), ownDirectory()})
+  for (const std::string& dir : {posix::executableDirectory(), posix::ownDirectory()})
     if (!dir.empty() && exists(dir + native)) return dir + native;
   return native;
 }

@@ -1,6 +1,8 @@
 // The registry of Linux: a .reg file that names the same keys and values as the Windows
 // registry of an installation. Every open reads the file afresh, so the file can be edited
 // while programs run, and an open key holds a copy of its values.
+#include <unistd.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
@@ -12,6 +14,7 @@
 #include <set>
 #include <string>
 
+#include "own_location.h"
 #include "platform/platform.h"
 #include "registry_file.h"
 
@@ -20,6 +23,7 @@ namespace zqplatform {
 namespace {
 
 constexpr const char* kDefaultRegistryFile = "/etc/zqcai/registry.reg";
+constexpr const char* kInstalledRegistryFile = "etc/zqcai/registry.reg";
 constexpr std::streamoff kMaxFileSize = 16 << 20;
 
 struct OpenKey {
@@ -78,10 +82,21 @@ std::string inView(std::string path, uint32_t access) {
   return std::string(kSoftware) + "\\WOW6432Node" + std::string(rest);
 }
 
+// ZQCAI_REGISTRY_FILE, else the installation's own file beside this library (an installation
+// into a prefix keeps it in <prefix>/etc/zqcai), else the machine's.
+std::string registryFileName() {
+  const char* named = std::getenv("ZQCAI_REGISTRY_FILE");
+  if (named && *named) return named;
+  const std::string own = posix::ownDirectory();
+  if (!own.empty()) {
+    const std::string installed = own + "../" + kInstalledRegistryFile;
+    if (access(installed.c_str(), F_OK) == 0) return installed;
+  }
+  return kDefaultRegistryFile;
+}
+
 uint32_t readFile(std::string* text) {
-  const char* name = std::getenv("ZQCAI_REGISTRY_FILE");
-  if (!name || !*name) name = kDefaultRegistryFile;
-  std::ifstream file(name, std::ios::binary);
+  std::ifstream file(registryFileName(), std::ios::binary);
   if (!file) return errno == EACCES ? kErrorAccessDenied : kErrorFileNotFound;
   file.seekg(0, std::ios::end);
   std::streamoff size = file.tellg();

@@ -1,0 +1,186 @@
+#include "sim_support.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <functional>
+#include <thread>
+
+#include "boundary/array_buffer_adapter.h"
+#include "contexts/context.h"
+#include "plugin/plugin_manager.h"
+#include "selection/task_plugin_selector.h"
+#include "status/report_reader.h"
+#include "storage/storage_binding.h"
+#include "test_support.h"
+
+namespace zqtest::sim {
+
+namespace {
+
+std::string programStem() {
+  std::string name = programPath().substr(programPath().find_last_of("/\\") + 1);
+  return name.substr(0, name.find('.'));
+}
+
+void tool(const std::string& store, const std::string& arguments) {
+  const std::string output = "storage_tmp/sim_setup_" + programStem() + ".txt";
+  const std::string line =
+      siblingProgram("zqstorage") + " --store " + store + " " + arguments + " > " + output + " 2>&1";
+  EXPECT_EQ(runCommand(line), 0) << arguments << ": " << readFile(output);
+}
+
+std::string makeStore() {
+  const std::string path = useFreshStore("sim_store_" + programStem());
+  const std::string csv = "storage_tmp/sim_recording_" + programStem() + ".csv";
+  std::string text = "volts\n";
+  for (double v : recording()) text += std::to_string(v) + "\n";
+  writeFile(csv, text);
+  tool(path, "new-sim-store --force");
+  tool(path, "set-signal SimDev1 ai5 constant value=" + std::to_string(kConstantVolts));
+  tool(path, "set-signal SimDev1 ai6 constant value=-2.5");
+  tool(path, "set-signal SimDev1 ai7 file path=" + csv + " rate=1000");
+  return path;
+}
+
+std::shared_ptr<zqvorexRedir::IPluginSelector> selector() {
+  static const zqvorexStorageCpp::StorageBindings bindings = [] {
+    zqerr::Status status;
+    auto bound = zqvorexStorageCpp::bindStorage(zqvorexStorageCpp::kStorageLibrary, &status);
+    EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
+    return bound;
+  }();
+  static const auto shared = std::make_shared<zqvorexRedir::TaskPluginSelector>(bindings, nullptr);
+  return shared;
+}
+
+// One manager for the program: the plug-in stays loaded from the first task to the end.
+std::shared_ptr<zqvorexRedir::PluginManager> manager() {
+  static const auto shared = std::make_shared<zqvorexRedir::PluginManager>(binFolder());
+  return shared;
+}
+
+}  // namespace
+
+const std::vector<double>& recording() {
+  static const std::vector<double> values{0.5, -1.0, 2.25, 3.0, -0.75, 1.5, 0.0, -3.25};
+  return values;
+}
+
+void useSimStore() {
+  static const std::string path = makeStore();
+  setEnvironment("ZQCAI_STORAGE_FILE", path);
+}
+
+std::string binFolder() {
+  const std::string& program = programPath();
+  const size_t slash = program.find_last_of("/\\");
+  return slash == std::string::npos ? std::string(".") : program.substr(0, slash);
+}
+
+std::shared_ptr<zqvorexRedir::Task> makeTask(const std::string& name) {
+  useSimStore();
+  zqvorexRedir::TaskParts parts;
+  parts.context = std::make_shared<zqvorexRedir::Context>(kContextName);
+  parts.taskKind = zqvorexRedir::kTaskKindCreated;
+  parts.pluginManager = manager();
+  parts.pluginSelector = selector();
+  parts.name = name;
+  return std::make_shared<zqvorexRedir::Task>(std::move(parts));
+}
+
+Outcome take(const zqerr_Status& status) { return {status.code, status.report ? status.report : ""}; }
+
+Outcome addVoltage(zqvorexRedir::ITask& task, const std::string& physical, double range) {
+  zqerr::Status status;
+  task.createAIVoltageChannel(physical, "", -1, -range, range, kVolts, "", nullptr, &status);
+  return take(status);
+}
+
+Outcome sampleClock(zqvorexRedir::ITask& task, double rate, int32_t mode, uint64_t samples) {
+  zqerr::Status status;
+  task.configureSampleClockTiming("", rate, kRising, mode, samples, &status);
+  return take(status);
+}
+
+Outcome control(zqvorexRedir::ITask& task, int32_t action) {
+  zqerr::Status status;
+  task.controlTask(action, true, &status);
+  return take(status);
+}
+
+Samples readVoltages(zqvorexRedir::ITask& task, int64_t samples, double timeout, uint64_t capacity) {
+  Samples out;
+  out.data.assign(capacity, -99.0);
+  zqerr::Status status;
+  zqgopher::ArrayBufferAdapter buffer(out.data.data(), capacity, &status);
+  const zqvorexPlugin_ReadLayout layout{0, 0};
+  out.count =
+      task.readScaledVectorF64(kAnalogInput, buffer.boundary(), &layout, samples, timeout, nullptr, &status);
+  out.outcome = take(status);
+  return out;
+}
+
+Outcome writeVoltages(zqvorexRedir::ITask& task, const std::vector<double>& values, uint32_t channels,
+                      bool autoStart, uint32_t* written) {
+  zqerr::Status status;
+  zqgopher::ArrayBufferWriteAdapter buffer(values.data(), channels, values.size() / channels, &status);
+  const zqvorexPlugin_ReadLayout layout{0, 0};
+  const uint32_t n =
+      task.writeScaledVectorF64(kAnalogOutput, buffer.boundary(), &layout, autoStart, 10.0, nullptr, &status);
+  if (written) *written = n;
+  return take(status);
+}
+
+double timingF64(zqvorexRedir::ITask& task, int32_t id, Outcome* outcome) {
+  zqerr::Status status;
+  const double value = task.getTimingAttributeF64(zqgopher::StringArrayView(), id, &status);
+  if (outcome) *outcome = take(status);
+  return value;
+}
+
+uint64_t readU64(zqvorexRedir::ITask& task, int32_t id) {
+  zqerr::Status status;
+  const uint64_t value = task.getReadAttributeU64(zqgopher::StringArrayView(), id, &status);
+  EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
+  return value;
+}
+
+Outcome setTimingI32(zqvorexRedir::ITask& task, int32_t id, int32_t value) {
+  zqerr::Status status;
+  task.setTimingAttributeI32(zqgopher::StringArrayView(), id, value, &status);
+  return take(status);
+}
+
+double quantized(double volts, double range) {
+  const double lsb = 2 * range / 65535.0;
+  return -range + std::nearbyint((volts + range) / lsb) * lsb;
+}
+
+std::string itemValue(const std::string& report, const std::string& usage) {
+  const std::string key = "\"usage\":\"" + usage + "\",\"value\":";
+  const size_t at = report.find(key);
+  if (at == std::string::npos) return "";
+  size_t begin = at + key.size();
+  size_t end = begin;
+  if (report[begin] == '"') {
+    end = report.find('"', ++begin);
+  } else {
+    end = report.find_first_of(",}", begin);
+  }
+  return report.substr(begin, end - begin);
+}
+
+bool eventually(const std::function<bool()>& done) {
+  // A guard against a hang, not a measure of time.
+  const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(120);
+  while (!done()) {
+    if (std::chrono::steady_clock::now() > limit) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  }
+  return true;
+}
+
+}  // namespace zqtest::sim
