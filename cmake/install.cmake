@@ -18,6 +18,7 @@ file(GLOB zq_public_headers ${PROJECT_SOURCE_DIR}/include/*.h)
 install(FILES ${zq_public_headers}
   ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_attribute_ids.h
   ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_accessors.h
+  ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_generic.h
   ${ZQ_STATUS_INCLUDE}/zqvorex_status_codes.h
   ${PROJECT_BINARY_DIR}/src/plugin/generated/include/zqvorex_plugin_operations.h
   DESTINATION include)
