@@ -20,6 +20,7 @@ install(FILES ${zq_public_headers}
   ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_accessors.h
   ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_channels.h
   ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_values.h
+  ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_generic.h
   ${ZQ_STATUS_INCLUDE}/zqvorex_status_codes.h
   ${PROJECT_BINARY_DIR}/src/plugin/generated/include/zqvorex_plugin_operations.h
   DESTINATION include)
