@@ -11,15 +11,15 @@
 #define SAMPLES_PER_CALLBACK 100
 #define CALLBACKS_WANTED 10
 
-/* What the callbacks share with the main thread. The callbacks run one after another on a
- * thread of the device's plug-in; the main thread looks only at `callbacks`, and at the rest
- * after the task has stopped. A production program would guard this with its own lock. */
+/* What the callbacks keep. They run one after another on a thread of the device's plug-in; the
+ * main thread looks at this only after the task has stopped, when no callback runs any more, so
+ * no lock is needed. While the task runs, the main thread follows it through the library. */
 typedef struct {
-  volatile int callbacks;
+  int callbacks;
   long samples;
   double minimum, maximum;
   int32 failure; /* the first failure of a read in the callback, 0 if none */
-  volatile int doneCalled;
+  int doneCalled;
   int32 doneStatus;
 } Acquisition;
 
@@ -48,7 +48,7 @@ static int32 everyN(TaskHandle task, int32 eventType, uInt32 nSamples, void* dat
   }
   acquisition->samples += read;
   printf("callback %d: read %d samples\n", acquisition->callbacks + 1, (int)read);
-  acquisition->callbacks = acquisition->callbacks + 1;
+  acquisition->callbacks += 1;
   return 0;
 }
 
@@ -82,30 +82,40 @@ int main(void) {
   CHECK(VorexStartTask(task));
   printf("acquiring: stopping after %d callbacks\n", CALLBACKS_WANTED);
 
-  /* Wait in steps of a tenth of a second: a continuous task is not done, so each wait ends with
-   * the wait timeout (-209519), and the callbacks are counted again. Sixty seconds at most. */
-  for (int step = 0; step < 600 && acquisition.callbacks < CALLBACKS_WANTED && !acquisition.failure &&
-                     !acquisition.doneCalled;
-       ++step) {
+  /* Wait until the callbacks have read their samples: the task's read position says how far
+   * they came. A continuous task is never done, so each wait of a tenth of a second ends with
+   * the wait timeout (-209519); a done task (ended by an error) ends the loop. 60 s at most. */
+  for (int step = 0; step < 600; ++step) {
+    uInt64 position = 0;
+    bool32 isDone = 0;
     int32 waited = VorexWaitUntilTaskDone(task, 0.1);
     if (waited < 0 && waited != -209519) {
-      code = waited;
+      code = waited; /* the run failed */
       goto end;
     }
+    CHECK(VorexGetReadCurrReadPos(task, &position));
+    CHECK(VorexIsTaskDone(task, &isDone));
+    if (position >= (uInt64)SAMPLES_PER_CALLBACK * CALLBACKS_WANTED || isDone) break;
   }
+  /* Once the stop returns, no callback runs: the main thread may look at what they kept. */
   CHECK(VorexStopTask(task));
   if (acquisition.failure) {
     code = acquisition.failure;
     goto end;
   }
-  if (acquisition.doneCalled) {
-    printf("the acquisition ended by itself with status %d\n", (int)acquisition.doneStatus);
-    code = acquisition.doneStatus < 0 ? acquisition.doneStatus : -1;
-    goto end;
-  }
   printf("callbacks: %d\n", acquisition.callbacks);
   printf("samples read: %ld\n", acquisition.samples);
   printf("minimum: %.3f V, maximum: %.3f V\n", acquisition.minimum, acquisition.maximum);
+  if (acquisition.doneCalled) {
+    fprintf(stderr, "the acquisition ended by itself with status %d\n", (int)acquisition.doneStatus);
+    VorexClearTask(task);
+    return 1;
+  }
+  if (acquisition.callbacks < CALLBACKS_WANTED) {
+    fprintf(stderr, "only %d of %d callbacks came\n", acquisition.callbacks, CALLBACKS_WANTED);
+    VorexClearTask(task);
+    return 1;
+  }
 
 end:
   if (code < 0) printError(code);

@@ -37,7 +37,7 @@ int main(void) {
   CHECK(VorexLoadTask(SAVED_NAME, &task));
   CHECK(VorexGetSampClkRate(task, &rate));
   CHECK(VorexGetSampQuantSampPerChan(task, &samples));
-  printf("loaded %s: %.0f S/s, %llu samples per channel\n", SAVED_NAME, rate, (unsigned long long)samples);
+  printf("loaded %s: %.0f S/s, %u samples per channel\n", SAVED_NAME, rate, (unsigned)samples);
   CHECK(VorexReadAnalogF64(task, SAMPLES, 10.0, Vorex_Val_GroupByChannel, values, SAMPLES, &read, NULL));
   printf("read %d samples from the loaded task\n", (int)read);
 
