@@ -74,8 +74,8 @@ int main(void) {
   CHECK(VorexCreateTask("ContinuousEveryN", &task));
   CHECK(VorexCreateAIVoltageChan(task, "SimDev1/ai0", "", Vorex_Val_Cfg_Default, -10.0, 10.0, Vorex_Val_Volts, NULL));
   CHECK(VorexCfgSampClkTiming(task, "", 1000.0, Vorex_Val_Rising, Vorex_Val_ContSamps, SAMPLES_PER_CALLBACK));
-  /* Room for ten seconds of samples, so that a busy machine does not make the reader overrun. */
-  CHECK(VorexCfgInputBuffer(task, 10000));
+  /* Room for 100 s of samples, so that a callback held up on a busy machine does not overrun. */
+  CHECK(VorexCfgInputBuffer(task, 100000));
   CHECK(VorexRegisterEveryNSamplesEvent(task, Vorex_Val_Acquired_Into_Buffer, SAMPLES_PER_CALLBACK, 0, everyN,
                                         &acquisition));
   CHECK(VorexRegisterDoneEvent(task, 0, done, &acquisition));
