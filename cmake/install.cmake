@@ -20,6 +20,7 @@ install(FILES ${zq_public_headers}
   ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_accessors.h
   ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_channels.h
   ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_values.h
+  ${PROJECT_BINARY_DIR}/include/zqcai_rd_mbcs_generic.h
   ${ZQ_STATUS_INCLUDE}/zqvorex_status_codes.h
   ${PROJECT_BINARY_DIR}/src/plugin/generated/include/zqvorex_plugin_operations.h
   DESTINATION include)
@@ -64,3 +65,9 @@ if(NOT WIN32)
 \"Windows Registry Editor Version 5.00\\r\\n\\r\\n[HKEY_LOCAL_MACHINE\\\\SOFTWARE\\\\Torvane\\\\Common\\\\Installer]\\r\\n\\\"ZQSHAREDDIR64\\\"=\\\"\${prefix}/${ZQ_SHARED_FOLDER}\\\"\\r\\n\\r\\n[HKEY_LOCAL_MACHINE\\\\SOFTWARE\\\\WOW6432Node\\\\Torvane\\\\Common\\\\Installer]\\r\\n\\\"ZQSHAREDDIR\\\"=\\\"\${prefix}/${ZQ_SHARED_FOLDER}\\\"\\r\\n\")
     message(STATUS \"Installing: \${root}/etc/zqcai/registry.reg\")")
 endif()
+
+# The Python package, with the table of values it reads, where Debian's python3 finds packages
+# of a prefix; it finds the library four folders up.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/python/zqcai DESTINATION lib/python3/dist-packages
+  PATTERN __pycache__ EXCLUDE)
+install(FILES ${PROJECT_SOURCE_DIR}/src/catalogue/values.tsv DESTINATION lib/python3/dist-packages/zqcai)

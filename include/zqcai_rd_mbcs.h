@@ -20,6 +20,13 @@ typedef uint32_t uInt32;
 typedef uint64_t uInt64;
 typedef double float64;
 
+/* An absolute time: seconds since 1904-01-01 00:00:00 UTC and the fraction of a second in units
+ * of 2^-64. */
+typedef struct VorexAbsoluteTime {
+  uInt64 fraction;
+  int64_t seconds;
+} VorexAbsoluteTime;
+
 /* Generated from the attribute catalogue: the attribute id constants and the named accessors;
  * and from the table of values, the enumerated values callers pass. */
 #include "zqcai_rd_mbcs_attribute_ids.h"
@@ -49,6 +56,12 @@ typedef double float64;
 
 /* The error text functions. */
 #include "zqcai_rd_mbcs_errortext.h"
+
+/* Attributes by id, the hand-written and absolute-time accessors, and the obsolete ones. */
+#include "zqcai_rd_mbcs_attributes.h"
+
+/* Saving tasks and global channels, and tasks as INI text. */
+#include "zqcai_rd_mbcs_saved_tasks.h"
 
 #ifdef __cplusplus
 }

@@ -6,13 +6,6 @@
 #ifndef ZQCAI_RD_MBCS_CONFIGURATION_H
 #define ZQCAI_RD_MBCS_CONFIGURATION_H
 
-/* An absolute time: seconds since 1904-01-01 00:00:00 UTC and the fraction of a second in units
- * of 2^-64. */
-typedef struct VorexAbsoluteTime {
-  uInt64 fraction;
-  int64_t seconds;
-} VorexAbsoluteTime;
-
 /* Signals of VorexExportSignal (and of VorexRegisterSignalEvent, with those in
  * zqcai_rd_mbcs_events.h). */
 #define Vorex_Val_AIConvertClock 12484

@@ -2,7 +2,8 @@
 # Installs the Debian packages the build and the tests need, only those that are missing.
 set -euo pipefail
 pkgs=(cmake ninja-build g++ python3 libgtest-dev libgmock-dev libbenchmark-dev unicode-data
-      g++-mingw-w64-x86-64-posix wine64 clang libclang-rt-14-dev libsqlite3-dev)
+      g++-mingw-w64-x86-64-posix wine64 clang libclang-rt-14-dev libsqlite3-dev
+      python3-numpy python3-pytest python3-matplotlib)
 missing=()
 for p in "${pkgs[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")

@@ -61,6 +61,8 @@ std::atomic<uint64_t> gVersionQueries{0};
 
 // Everything below is guarded by gLock.
 std::mutex gLock;
+// Array contents up to this size are kept whole; larger ones are formatted where they lie.
+constexpr uint64_t kKeptRecordLimit = uint64_t{1} << 20;
 std::unordered_map<uint64_t, PendingCall> gPending;
 std::deque<std::string> gRecent;
 uint64_t gLines = 0;
@@ -134,6 +136,13 @@ ZQSPY_EXPORT void ZqSpySetParamElementSize_generic(uint64_t cookie, uint32_t ind
   // An input array's second record, under the same name and code, is its content.
   bool content = isArrayCode(typeCode) && !call->params.empty() && call->lastParamCode == typeCode &&
                  call->lastParamName == (name ? name : "");
+  // The tool keeps a record's bytes as handed, all of its total, as a tool that stores records
+  // for later would; a library that hands fewer readable bytes than it says fails here.
+  std::vector<unsigned char> kept;
+  if (content && value && totalSize <= kKeptRecordLimit) {
+    kept.assign(static_cast<const unsigned char*>(value), static_cast<const unsigned char*>(value) + totalSize);
+    value = kept.data();
+  }
   call->params.push_back(
       formatRecord(name, index, typeCode, value, elementSize, totalSize, content ? Role::kArrayContent : Role::kParam));
   call->lastParamName = name ? name : "";

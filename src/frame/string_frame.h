@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "boundary/array_view.h"
@@ -49,12 +50,11 @@ inline int32_t finishTextGet(zqtrace::TraceCall& trace, const char* data, uint32
   return code;
 }
 
-// The Get frame around `fill(task, status, sizeQuery)`, which runs the operation and copies
-// the value out, returning the size for a size query.
-template <auto Op, class Fill>
-int32_t textGet(const AccessorInfo& info, TaskHandle handle, const char* channel, char* data, uint32_t bufferSize,
-                Fill fill) {
-  using Task = typename OpTraits<decltype(Op)>::Task;
+// The Get frame around `fill(task, status, sizeQuery)`, which gets the value and copies it
+// out, returning the size for a size query.
+template <class Task, class Fill>
+int32_t textGetFrame(const AccessorInfo& info, TaskHandle handle, const char* channel, char* data,
+                     uint32_t bufferSize, Fill fill) {
   zqtrace::TraceCall trace(info.traceName);
   if (trace) {
     traceHead(trace, info, handle, channel);
@@ -74,6 +74,14 @@ int32_t textGet(const AccessorInfo& info, TaskHandle handle, const char* channel
     }
   }
   return finishTextGet(trace, data, bufferSize, size, sizeQuery, status.code);
+}
+
+// The same around one task operation.
+template <auto Op, class Fill>
+int32_t textGet(const AccessorInfo& info, TaskHandle handle, const char* channel, char* data, uint32_t bufferSize,
+                Fill fill) {
+  using Task = typename OpTraits<decltype(Op)>::Task;
+  return textGetFrame<Task>(info, handle, channel, data, bufferSize, std::move(fill));
 }
 
 // The Set frame around `send(task, value, status)`, with the value converted and stripped.

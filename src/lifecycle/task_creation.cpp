@@ -57,6 +57,14 @@ TaskRef createNamedTask(TaskCreation& creation, const std::string& name, zqerr_S
   });
 }
 
+TaskRef createTaskFromText(TaskCreation& creation, const std::string& name, const std::string& iniText,
+                           zqerr_Status* status) {
+  const std::string taskName = newTaskName(name, status);
+  return creation.make([&](zqvorexRedir::ITaskFactory& factory, auto context, zqerr_Status* s) {
+    return factory.createTaskFromString(std::move(context), taskName, kIniTextFormat, iniText, s);
+  });
+}
+
 TaskRef loadSavedTask(TaskCreation& creation, const std::string& name, zqerr_Status* status) {
   if (zqerr::isOpen(status) && name.empty()) ZQ_FAIL(status, kCtaskLoadEmptyName);
   return creation.make([&](zqvorexRedir::ITaskFactory& factory, auto context, zqerr_Status* s) {

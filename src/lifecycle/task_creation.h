@@ -4,6 +4,7 @@
 // text and watchdog tasks all go through here.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -49,5 +50,13 @@ std::string newTaskName(const std::string& name, zqerr_Status* status);
 TaskRef createNamedTask(TaskCreation& creation, const std::string& name, zqerr_Status* status);
 // VorexLoadTask's task: the saved task of that name; an empty name is kErrorInvalidTask.
 TaskRef loadSavedTask(TaskCreation& creation, const std::string& name, zqerr_Status* status);
+
+// The format VorexCreateTaskFromINI gives the factory: INI text, as the storage library and the
+// plug-ins read it (docs/task-ini-format.md).
+inline constexpr uint32_t kIniTextFormat = 0;
+
+// VorexCreateTaskFromINI's task, named as VorexCreateTask's, from `iniText`.
+TaskRef createTaskFromText(TaskCreation& creation, const std::string& name, const std::string& iniText,
+                           zqerr_Status* status);
 
 }  // namespace nZQCAI100

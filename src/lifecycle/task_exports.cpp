@@ -1,5 +1,4 @@
 // The task calls of the C interface: create, load, clear, control, wait and global channels.
-#include <cstring>
 #include <string>
 
 #include "zqcai_rd_mbcs.h"
@@ -9,25 +8,13 @@
 #include "globals/shared_globals.h"
 #include "lifecycle/task_control.h"
 #include "lifecycle/task_creation.h"
+#include "lifecycle/text_arguments.h"
 #include "status/error_sites.h"
-#include "text/nstring.h"
-#include "text/trim_split.h"
 
 namespace {
 
+using nZQCAI100::utf8Argument;
 using zqvorexRedir::ITask;
-
-// The caller's text in the system code page as UTF-8; null is "".
-std::string utf8Argument(const char* text, bool strip, zqerr_Status* status) {
-  std::string value;
-  if (!zqerr::isOpen(status) || !text) return value;
-  {
-    zqerr::StatusBridge bridge(status);
-    zqwombat::systemTextToUtf8(text, std::strlen(text), &value, bridge.fixed());
-  }
-  if (strip) zqwombat::trimText(&value, status);
-  return value;
-}
 
 // VorexCreateTask and VorexLoadTask: `make` runs after the out-pointer's check, and the
 // creation's rollback lasts until the handle is written.

@@ -1,5 +1,8 @@
 // The recording side of TraceCall: only reached with a cookie, so the bound operations are there.
+#include <cstdint>
 #include <cstring>
+#include <memory>
+#include <new>
 
 #include "tracing/trace.h"
 
@@ -83,12 +86,36 @@ void TraceCall::writeTimeout(const char* name, double value) noexcept {
     writeParam(name, kF64, &value, sizeof value, sizeof value);
 }
 
-void TraceCall::writeInputArray(const char* name, int32_t code, const void* array, uint64_t count) noexcept {
+void TraceCall::writeInputArray(const char* name, int32_t code, const void* array, uint64_t count,
+                                size_t elementSize) noexcept {
   writeParam(name, code, &array, kPointerSize, kPointerSize);
-  if (array)
-    writeParam(name, code, array, kPointerSize, kPointerSize * count);
-  else
+  if (!array) {
     writeParam(name, kPointer, &array, kPointerSize, kPointerSize);
+    return;
+  }
+  if (elementSize >= kPointerSize) {
+    writeParam(name, code, array, kPointerSize, kPointerSize * count);
+    return;
+  }
+  // The record's total is 8 bytes an element whatever the element's size: the tool gets a copy
+  // of that size, the array's bytes first and zeros after them. Small arrays stay on the stack.
+  constexpr uint64_t kInlineBytes = 512;
+  const uint64_t total = kPointerSize * count;
+  unsigned char inlineCopy[kInlineBytes];
+  std::unique_ptr<unsigned char[]> heapCopy;
+  unsigned char* copy = inlineCopy;
+  if (total > kInlineBytes) {
+    heapCopy.reset(total <= SIZE_MAX ? new (std::nothrow) unsigned char[total] : nullptr);
+    copy = heapCopy.get();
+  }
+  if (!copy) {  // too large to copy: the record of a pointer, not a read past the array
+    writeParam(name, kPointer, &array, kPointerSize, kPointerSize);
+    return;
+  }
+  const uint64_t bytes = elementSize * count;
+  std::memcpy(copy, array, bytes);
+  std::memset(copy + bytes, 0, total - bytes);
+  writeParam(name, code, copy, kPointerSize, total);
 }
 
 void TraceCall::writeOutputArray(const char* name, int32_t code, const void* array, uint64_t bytes) noexcept {

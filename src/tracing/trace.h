@@ -95,10 +95,11 @@ class TraceCall {
   }
   // An input array: the pointer record (code, a copy of the pointer, 8, 8), then at the next
   // index under the same name the content (code, the array, 8, 8 times the count), or 93 over
-  // a copy of the pointer when it is null.
+  // a copy of the pointer when it is null. Elements narrower than 8 bytes are handed over in a
+  // copy padded with zeros to that total, so the tool never reads past the caller's array.
   template <class T>
   void paramArray(const char* name, int32_t code, const T* array, uint64_t count) noexcept {
-    if (cookie_) writeInputArray(name, code, array, count);
+    if (cookie_) writeInputArray(name, code, array, count, sizeof(T));
   }
   // An absolute time by value: 108, element 1, total 16.
   template <class T>
@@ -194,7 +195,8 @@ class TraceCall {
   void writeNamed(const char* name, Literals set, int32_t value) noexcept;
   void writeNamedOrEnum(const char* name, Literals set, int32_t attributeId, int32_t value) noexcept;
   void writeTimeout(const char* name, double value) noexcept;
-  void writeInputArray(const char* name, int32_t code, const void* array, uint64_t count) noexcept;
+  void writeInputArray(const char* name, int32_t code, const void* array, uint64_t count,
+                       size_t elementSize) noexcept;
   void writeOutputArray(const char* name, int32_t code, const void* array, uint64_t bytes) noexcept;
   void writeEndParams() noexcept;
   void finish(const char* name, int32_t value, bool success) noexcept;

@@ -409,3 +409,67 @@ int e2e_run_task_calls(char* why, size_t size) {
   CHECK(VorexCreateTask("E2E NAMED", &first) == 0 && VorexClearTask(first) == 0);
   return 0;
 }
+
+/* ASCII to UTF-16 and back, for the INI text functions. */
+static void toUtf16(const char* text, VorexUtf16Char* out, size_t size) {
+  size_t i = 0;
+  for (; text[i] && i + 1 < size; ++i) out[i] = (VorexUtf16Char)(unsigned char)text[i];
+  out[i] = 0;
+}
+
+static void toNarrow(const VorexUtf16Char* text, char* out, size_t size) {
+  size_t i = 0;
+  for (; text[i] && i + 1 < size; ++i) out[i] = (char)text[i];
+  out[i] = 0;
+}
+
+#define COUNTER_TASKS_LIVE 1
+#define INI_UNITS 1024
+
+int e2e_run_task_as_text(char* why, size_t size) {
+  static VorexUtf16Char text[INI_UNITS], wide[INI_UNITS], name[64];
+  static char narrow[INI_UNITS], joined[INI_UNITS + 64];
+  TaskHandle task = 0, copy = 0, refused = (TaskHandle)1;
+  CHECK(makeTask("E2E Text", &task) == 0);
+  /* The size with the terminator, then exactly that size; one unit less is refused untouched. */
+  const int32 needed = VorexGetTaskAsINI(NULL, &task, NULL, 0);
+  CHECK(needed > 1 && needed < INI_UNITS);
+  CHECK(VorexGetTaskAsINI(NULL, &task, text, 0) == needed);
+  for (int i = 0; i < INI_UNITS; ++i) text[i] = 'x';
+  CHECK(VorexGetTaskAsINI(NULL, &task, text, (uInt32)needed - 1) == -200228);
+  CHECK(text[0] == 'x' && text[needed - 2] == 'x');
+  CHECK(VorexGetTaskAsINI(NULL, &task, text, (uInt32)needed) == 0 && text[needed - 1] == 0 && text[needed - 2] != 0);
+  toNarrow(text, narrow, sizeof narrow);
+  CHECK(strncmp(narrow, "[task E2E Text]\n", 16) == 0 && strstr(narrow, "[channel Volts0]\n") != NULL);
+  /* Under another name, trimmed. */
+  toUtf16("  E2E Renamed ", name, 64);
+  CHECK(VorexGetTaskAsINI(name, &task, wide, INI_UNITS) == 0);
+  toNarrow(wide, narrow, sizeof narrow);
+  CHECK(strncmp(narrow, "[task E2E Renamed]\n", 19) == 0);
+  CHECK(VorexGetTaskAsINI(NULL, NULL, wide, INI_UNITS) == -200604);
+
+  /* A new task from the text: the same channel, on the same device. */
+  const int64_t live = e2e_counter(COUNTER_TASKS_LIVE);
+  toUtf16("E2E From Text", name, 64);
+  CHECK(VorexCreateTaskFromINI(name, text, &copy) == 0 && copy != 0);
+  char found[64];
+  CHECK(VorexGetTaskAttribute(copy, Vorex_TaskChannels, found, (uInt32)sizeof found) == 0 &&
+        strcmp(found, "Volts0") == 0);
+  CHECK(VorexGetNthTaskDevice(copy, 1, found, sizeof found) == 0 && strcmp(found, "Dev1") == 0);
+  CHECK(VorexGetTaskAsINI(NULL, &copy, wide, INI_UNITS) == 0);
+  toNarrow(wide, narrow, sizeof narrow);
+  CHECK(strcmp(narrow, "[task E2E From Text]\nchannels = Volts0\n\n[channel Volts0]\ntask = E2E From Text\n"
+                       "type = 10322\ndevice = Dev1\nphysical_channels = Dev1/Volts0\n") == 0);
+
+  /* Two tasks in one text: refused, and nothing is left of the attempt. */
+  snprintf(joined, sizeof joined, "[task E2E Second]\nchannels = \n\n%s", narrow);
+  toUtf16(joined, wide, INI_UNITS);
+  toUtf16("E2E Two", name, 64);
+  CHECK(VorexCreateTaskFromINI(name, wide, &refused) == -224514 && refused == 0);
+  CHECK(e2e_counter(COUNTER_TASKS_LIVE) == live + 1);
+  CHECK(VorexCreateTask("E2E Two", &refused) == 0 && VorexClearTask(refused) == 0);
+  CHECK(VorexCreateTaskFromINI(name, text, NULL) == -200604);
+
+  CHECK(VorexClearTask(copy) == 0 && VorexClearTask(task) == 0);
+  return 0;
+}

@@ -40,6 +40,7 @@ int e2e_run_clear_ends_callbacks(char* why, size_t size);
 int e2e_run_foreign_thread(char* why, size_t size);
 int e2e_run_registration_errors(char* why, size_t size);
 int e2e_run_task_calls(char* why, size_t size);
+int e2e_run_task_as_text(char* why, size_t size);
 
 #ifdef __cplusplus
 }

@@ -30,7 +30,8 @@ INSTANTIATE_TEST_SUITE_P(Scenarios, EndToEnd,
                                          Case{"StopDropsQueued", e2e_run_stop_drops_queued},
                                          Case{"ClearEndsCallbacks", e2e_run_clear_ends_callbacks},
                                          Case{"ForeignThread", e2e_run_foreign_thread},
-                                         Case{"RegistrationErrors", e2e_run_registration_errors}),
+                                         Case{"RegistrationErrors", e2e_run_registration_errors},
+                                         Case{"TaskAsText", e2e_run_task_as_text}),
                          [](const testing::TestParamInfo<Case>& info) { return std::string(info.param.name); });
 
 }  // namespace

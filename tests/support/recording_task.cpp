@@ -102,6 +102,12 @@ void describe(RecordedArg& arg, const std::string& op, const T& value) {
   } else if constexpr (std::is_floating_point_v<T>) {
     arg.text = numberText(static_cast<double>(value));
     arg.value = static_cast<double>(value);
+  } else if constexpr (std::is_same_v<T, const zqvorexPlugin_AbsoluteTime*>) {
+    // An absolute time travels by pointer: the record itself is what was sent.
+    if (value)
+      describe(arg, op, *value);
+    else
+      arg.text = "null";
   } else if constexpr (std::is_pointer_v<T>) {
     arg.text = value ? "pointer" : "null";
     // A record the operation only reads (an absolute time, a layout): its bytes too.

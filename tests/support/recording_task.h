@@ -37,8 +37,9 @@
 //   - the view of a *F64Vtr, *I32Vtr or *U32Vtr set: the numbers; other views only their count;
 //     every view also its data pointer (RecordedArg::data);
 //   - text: the UTF-8 string; bool and unsigned integers: uint64_t; signed integers: int64_t;
-//     double: double; a struct passed by value: its bytes; a pointer: text "null" or
-//     "pointer", and the bytes of a record it points to that the operation only reads.
+//     double: double; a struct passed by value, or an absolute time by const pointer: its
+//     bytes; a pointer: text "null" or "pointer", and the bytes of a record it points to
+//     that the operation only reads.
 // For the attribute operations, channels holds the names of the first list view, attributeId
 // the id, and arg("value") the value set (or the sink of a get).
 //

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "guard_page.h"
 #include "spy_client.h"
 #include "write_task.h"
 #include "zqcai_rd_mbcs.h"
@@ -63,6 +64,24 @@ TEST_F(TracedWrite, LinesWrite) {
                             " dataLayout@4:79[1,24]=\"Vorex_Val_GroupByChannel\" writeArray@5:10[8,8]=" +
                             at(lines) +
                             " writeArray@6:10[8,24]=[1, 0, 1] sampsPerChanWritten@7:86[8,8]=NULL"
+                            " reserved@8:22[8,8]=NULL; returns(3): *sampsPerChanWritten@0:93[8,8]=NULL"
+                            " *reserved@1:93[8,8]=NULL retval@2:75[4,4]=0 ok");
+}
+
+// The content record's total is 8 bytes an element: for 2 bytes that end where unreadable memory
+// begins, the tool must be handed a padded copy, not 16 bytes at the array's address.
+TEST_F(TracedWrite, ABytesArrayEndingAtUnreadableMemoryIsNotReadPast) {
+  GuardedBytes guarded(2);
+  ASSERT_TRUE(guarded.ok());
+  guarded.data()[0] = 7;
+  guarded.data()[1] = 9;
+  task->on("writePortVectorU8").value(uint32_t{2});
+  VorexWriteDigitalU8(task->handle(), 2, 0, 1.0, 0, guarded.data(), nullptr, nullptr);
+  EXPECT_EQ(spy.line(), "VorexWriteDigitalU8 params(9): " + handleRecord() +
+                            " numSampsPerChan@1:75[4,4]=2 autoStart@2:21[4,4]=0 timeout@3:81[8,8]=1"
+                            " dataLayout@4:79[1,24]=\"Vorex_Val_GroupByChannel\" writeArray@5:10[8,8]=" +
+                            at(guarded.data()) +
+                            " writeArray@6:10[8,16]=[7, 9] sampsPerChanWritten@7:86[8,8]=NULL"
                             " reserved@8:22[8,8]=NULL; returns(3): *sampsPerChanWritten@0:93[8,8]=NULL"
                             " *reserved@1:93[8,8]=NULL retval@2:75[4,4]=0 ok");
 }
