@@ -42,6 +42,9 @@ struct SharedGlobals {
   std::shared_ptr<zqvorexStorageCpp::Storage> storage;
   std::shared_ptr<zqvorexStorageCpp::StorageSpec> storageSpec;
   std::shared_ptr<zqvorexStorageCpp::ChannelTaskSpecification> channelTaskSpecification;
+  // The five library bindings. Each is the same object as the interface above it: the bound
+  // class owns its library, and the record keeps the interface and the binding as the build
+  // names them, so the release at exit runs in the record's order.
   std::shared_ptr<zqvorexStorageCpp::Capabilities> capabilitiesLibrary;
   std::shared_ptr<zqvorexStorageCpp::ChannelSpecification> channelSpecificationLibrary;
   std::shared_ptr<zqvorexStorageCpp::Storage> storageLibrary;
