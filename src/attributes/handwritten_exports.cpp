@@ -33,7 +33,8 @@ uint32_t channelFlag(ITask* task, const char* channel, int32_t id, zqerr_Status*
 
 // The name is the task object's own, so this works for a task without a plug-in.
 ZQ_EXPORT int32 VorexGetTaskName(TaskHandle task, char* data, uInt32 bufferSize) {
-  static constexpr zqframe::AccessorInfo kInfo{"VorexGetTaskName", Vorex_TaskName, nullptr, __LINE__};
+  static constexpr zqframe::AccessorInfo kInfo{"VorexGetTaskName", Vorex_TaskName, nullptr,
+                                               zqsite::kAccessorGetTaskName.location.line};
   return zqframe::detail::textGetFrame<ITask>(kInfo, task, nullptr, data, bufferSize,
                                               [&](ITask* self, zqerr_Status* status, bool& sizeQuery) {
                                                 return zqgopher::copyStringOut(self->getName(), data, bufferSize,
@@ -43,19 +44,19 @@ ZQ_EXPORT int32 VorexGetTaskName(TaskHandle task, char* data, uInt32 bufferSize)
 
 ZQ_EXPORT int32 VorexGetReadChannelsToRead(TaskHandle task, char* data, uInt32 bufferSize) {
   static constexpr zqframe::AccessorInfo kInfo{"VorexGetReadChannelsToRead", Vorex_ReadChannelsToRead, nullptr,
-                                               __LINE__};
+                                               zqsite::kAccessorGetReadChannelsToRead.location.line};
   return zqframe::getStringList<&ITask::getReadAttributeStringVtr>(kInfo, task, nullptr, data, bufferSize);
 }
 
 ZQ_EXPORT int32 VorexSetReadChannelsToRead(TaskHandle task, const char* data) {
   static constexpr zqframe::AccessorInfo kInfo{"VorexSetReadChannelsToRead", Vorex_ReadChannelsToRead, nullptr,
-                                               __LINE__};
+                                               zqsite::kAccessorSetReadChannelsToRead.location.line};
   return zqframe::setStringList<&ITask::setReadAttributeStringVtr>(kInfo, task, nullptr, data);
 }
 
 ZQ_EXPORT int32 VorexResetReadChannelsToRead(TaskHandle task) {
   static constexpr zqframe::AccessorInfo kInfo{"VorexResetReadChannelsToRead", Vorex_ReadChannelsToRead, nullptr,
-                                               __LINE__};
+                                               zqsite::kAccessorResetReadChannelsToRead.location.line};
   return zqframe::resetAttribute<&ITask::resetReadAttributeStringVtr>(kInfo, task, nullptr);
 }
 
