@@ -23,7 +23,7 @@ constexpr uInt32 kEveryN = 20;
 enum class Event { everyN, done, signal };
 enum class Road { direct, synchronous };
 enum class Target { own, other };
-enum class Action { stop, clear, read, getAttribute, setAttribute };
+enum class Action { stop, clear, read, getAttribute, setAttribute, reRegister };
 
 // One call a callback makes, with what it must return on each road.
 struct Step {
@@ -41,6 +41,7 @@ const Step kSteps[] = {
     {"ReadOwn", Target::own, Action::read, false, 0, 0},
     {"GetAttributeOwn", Target::own, Action::getAttribute, false, 0, 0},
     {"SetAttributeOwn", Target::own, Action::setAttribute, false, 0, 0},
+    {"ReRegisterOwn", Target::own, Action::reRegister, false, 0, 0},
     {"StopOther", Target::other, Action::stop, false, 0, 0},
     {"ClearOther", Target::other, Action::clear, false, 0, 0},
     {"ReadOther", Target::other, Action::read, false, 0, 0},
@@ -56,6 +57,7 @@ const Step kSteps[] = {
 // What the callbacks of one case saw, written by the callback's thread.
 struct Probe {
   const Step* step = nullptr;
+  Event event = Event::everyN;
   Road road = Road::direct;
   TaskHandle own = nullptr;
   TaskHandle other = nullptr;
@@ -67,11 +69,34 @@ struct Probe {
   std::atomic<int32> status{1};
 };
 
+int32 everyN(TaskHandle, int32, uInt32, void* data);
+int32 done(TaskHandle, int32, void* data);
+int32 onSignal(TaskHandle, int32, void* data);
+
+// Registers the probe's callback for its event on its road; with `callback` false, unregisters.
+int32 registerEvent(Probe& probe, bool callback) {
+  const Event event = probe.event;
+  const uInt32 options = probe.road == Road::synchronous ? Vorex_Val_SynchronousEventCallbacks : 0;
+  switch (event) {
+    case Event::everyN:
+      return VorexRegisterEveryNSamplesEvent(probe.own, Vorex_Val_Acquired_Into_Buffer, callback ? kEveryN : 0, options,
+                                             callback ? everyN : nullptr, callback ? &probe : nullptr);
+    case Event::done:
+      return VorexRegisterDoneEvent(probe.own, options, callback ? done : nullptr, callback ? &probe : nullptr);
+    case Event::signal:
+      return VorexRegisterSignalEvent(probe.own, Vorex_Val_SampleClock, options, callback ? onSignal : nullptr,
+                                      callback ? &probe : nullptr);
+  }
+  return 1;
+}
+
 bool endsOwnTask(const Step& step) {
   return step.target == Target::own && (step.action == Action::stop || step.action == Action::clear);
 }
 
-int32 callOnce(const Step& step, TaskHandle task) {
+int32 callOnce(Probe& probe) {
+  const Step& step = *probe.step;
+  const TaskHandle task = step.target == Target::own ? probe.own : probe.other;
   switch (step.action) {
     case Action::stop: return VorexStopTask(task);
     case Action::clear: return VorexClearTask(task);
@@ -85,6 +110,10 @@ int32 callOnce(const Step& step, TaskHandle task) {
       return VorexGetReadAvailSampPerChan(task, &available);
     }
     case Action::setAttribute: return VorexSetReadOverWrite(task, Vorex_Val_DoNotOverwriteUnreadSamps);
+    case Action::reRegister: {
+      const int32 code = registerEvent(probe, false);
+      return code < 0 ? code : registerEvent(probe, true);
+    }
   }
   return 1;
 }
@@ -100,10 +129,7 @@ bool onRightThread(const Probe& probe) {
 void onEvent(Probe& probe) {
   if (!onRightThread(probe)) probe.strays.fetch_add(1);
   if (probe.acted.load() && endsOwnTask(*probe.step)) probe.late.fetch_add(1);
-  if (!probe.acted.exchange(true)) {
-    const TaskHandle task = probe.step->target == Target::own ? probe.own : probe.other;
-    probe.status.store(callOnce(*probe.step, task));
-  }
+  if (!probe.acted.exchange(true)) probe.status.store(callOnce(probe));
   probe.calls.fetch_add(1);
 }
 
@@ -123,18 +149,6 @@ int32 onSignal(TaskHandle, int32, void* data) {
 }
 
 int32 ignore(TaskHandle, int32, void*) { return 0; }
-
-int32 registerEvent(Event event, Road road, Probe& probe) {
-  const uInt32 options = road == Road::synchronous ? Vorex_Val_SynchronousEventCallbacks : 0;
-  switch (event) {
-    case Event::everyN:
-      return VorexRegisterEveryNSamplesEvent(probe.own, Vorex_Val_Acquired_Into_Buffer, kEveryN, options, everyN,
-                                             &probe);
-    case Event::done: return VorexRegisterDoneEvent(probe.own, options, done, &probe);
-    case Event::signal: return VorexRegisterSignalEvent(probe.own, Vorex_Val_SampleClock, options, onSignal, &probe);
-  }
-  return 1;
-}
 
 const char* nameOf(Event event) {
   switch (event) {
@@ -164,6 +178,7 @@ TEST_P(CallbackCallsIn, ReturnsWithoutDeadlockAndEndsItsTask) {
   Probe probe;
   probe.step = &step;
   probe.road = road;
+  probe.event = event;
   probe.registering = zqsimrun::currentThread();
   probe.own = makeVoltageTask("Reentry Own", "SimDev1/ai0", event == Event::done);
   probe.other = makeVoltageTask("Reentry Other", "SimDev2/ai0", false);
@@ -173,7 +188,7 @@ TEST_P(CallbackCallsIn, ReturnsWithoutDeadlockAndEndsItsTask) {
               0);
   }
   ASSERT_EQ(VorexStartTask(probe.other), 0);
-  ASSERT_EQ(registerEvent(event, road, probe), 0);
+  ASSERT_EQ(registerEvent(probe, true), 0);
   ASSERT_EQ(VorexStartTask(probe.own), 0);
 
   ASSERT_TRUE(awaitPumping([&] { return probe.calls.load() >= 1; })) << "no callback came";
