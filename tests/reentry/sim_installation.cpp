@@ -64,7 +64,8 @@ HangGuard::HangGuard(std::string what) : state_(new State) {
   state_->what = std::move(what);
   state_->watcher = std::thread([state = state_] {
     std::unique_lock<std::mutex> held(state->lock);
-    if (!state->dismissed.wait_for(held, kHangGuard, [&] { return state->done; })) {
+    // Twice the waits' own guard: a wait that runs out fails its test by itself.
+    if (!state->dismissed.wait_for(held, 2 * kHangGuard, [&] { return state->done; })) {
       std::fprintf(stderr, "hang: %s did not end within the hang guard\n", state->what.c_str());
       std::fflush(nullptr);
       std::abort();

@@ -30,7 +30,7 @@ uint32_t currentThread();
 // the registering thread's message loop (Windows).
 bool hasDeliveryThread();
 
-// Aborts the process with `what` unless dismissed (destroyed) within the hang guard: a
+// Aborts the process with `what` unless dismissed (destroyed) within twice the hang guard: a
 // deadlock inside a call fails the program instead of hanging it.
 class HangGuard {
  public:
