@@ -1,0 +1,86 @@
+#include "sim_installation.h"
+
+#include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
+#include <mutex>
+#include <thread>
+
+#include "e2e_platform.h"
+#include "test_installation.h"
+
+namespace zqsimrun {
+
+namespace {
+
+class Installation {
+ public:
+  explicit Installation(const std::string& program) : installation_(program, {ZQ_TEST_STORAGE_LIBRARY, ZQ_TEST_SIM_PLUGIN}) {
+    // The tool's output goes beside the store, out of the program's own output.
+    const std::string out = " > " + installation_.library("zqvorexStorage") + ".out 2>&1";
+    for (const char* arguments : {"new-sim-store --force", "add-sim-device SimDev2"})
+      if (installation_.storage(ZQ_TEST_STORAGE_TOOL, arguments + out) != 0) {
+        std::fprintf(stderr, "the installation failed: zqstorage %s\n", arguments);
+        std::exit(2);
+      }
+    installation_.installExplanations(ZQ_TEST_ERRORS_FOLDER);
+  }
+
+ private:
+  zqtest::TestInstallation installation_;
+};
+
+}  // namespace
+
+void installSimulatedDevices(const std::string& program) { static Installation installation(program); }
+
+bool awaitPumping(const std::function<bool()>& reached) {
+  const auto limit = std::chrono::steady_clock::now() + kHangGuard;
+  for (;;) {
+    zqe2e::pumpMessages();
+    if (reached()) return true;
+    if (std::chrono::steady_clock::now() > limit) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+}
+
+void pumpFor(std::chrono::milliseconds span) {
+  const auto end = std::chrono::steady_clock::now() + span;
+  awaitPumping([&] { return std::chrono::steady_clock::now() >= end; });
+}
+
+uint32_t currentThread() { return zqe2e::threadId(); }
+bool hasDeliveryThread() { return zqe2e::hasDeliveryThread(); }
+
+struct HangGuard::State {
+  std::string what;
+  std::mutex lock;
+  std::condition_variable dismissed;
+  bool done = false;
+  std::thread watcher;
+};
+
+HangGuard::HangGuard(std::string what) : state_(new State) {
+  state_->what = std::move(what);
+  state_->watcher = std::thread([state = state_] {
+    std::unique_lock<std::mutex> held(state->lock);
+    // Twice the waits' own guard: a wait that runs out fails its test by itself.
+    if (!state->dismissed.wait_for(held, 2 * kHangGuard, [&] { return state->done; })) {
+      std::fprintf(stderr, "hang: %s did not end within the hang guard\n", state->what.c_str());
+      std::fflush(nullptr);
+      std::abort();
+    }
+  });
+}
+
+HangGuard::~HangGuard() {
+  {
+    std::lock_guard<std::mutex> held(state_->lock);
+    state_->done = true;
+  }
+  state_->dismissed.notify_all();
+  state_->watcher.join();
+  delete state_;
+}
+
+}  // namespace zqsimrun
