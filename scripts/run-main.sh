@@ -8,6 +8,9 @@ set -euo pipefail
 here=$(cd "$(dirname "$0")/.." && pwd)
 stage=$here/build/linux/stage
 bash "$here/scripts/deps.sh" >&2
+# Only what the installation holds: the tests and benchmarks are test-all.sh's.
+export ZQ_BUILD_TARGETS="zqcai_rd_mbcs zqvorexStorage zqvorexTaskCatalog zqvorexDebugServer zqvorexSim zqxlator
+  ZqSpyLog zqstorage zqerror zqacq zq_explanations"
 bash "$here/scripts/build.sh" linux >&2
 cmake --install "$here/build/linux" --prefix "$stage" >/dev/null
 # The installation finds its own files: no variable of the library's should point elsewhere.
