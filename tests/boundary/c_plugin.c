@@ -67,6 +67,7 @@ void cplug_readLines(zqgopher_IArrayLineBuffer* buffer, const uint32_t* lines, u
     for (uint64_t s = 0; s < t->getNumSampsPerChan(buffer, c, status); ++s)
       for (uint32_t l = 0; l < t->getNumLines(buffer, c, status); ++l) bytes[at++] = (uint8_t)(100 * c + 10 * s + l);
 }
+
 /* ---- lists ---- */
 
 void cplug_addNames(zqgopher_IItemAdder* names, zqerr_Status* status) {
