@@ -6,7 +6,7 @@
 
 #include "boundary/array_buffer_adapter.h"
 #include "case_printer.h"
-#include "report_probe.h"
+#include "report_items.h"
 #include "status/report_writer.h"
 #include "status/status.h"
 #include "zqvorex_status_codes.h"
@@ -29,24 +29,6 @@ bool operator==(const Shape& a, const Shape& b) {
 }
 std::ostream& operator<<(std::ostream& os, const Shape& s) {
   return os << s.numChannels << "x" << s.numSampsPerChan << "=" << s.totalElements;
-}
-
-TEST(ArrayBufferAdapter, ConstructorsSetShapeAndCapacity) {
-  double samples[12];
-  zqerr::Status status;
-  ArrayBufferAdapter flat(samples, 12, &status);
-  EXPECT_EQ(shapeOf(flat), (Shape{1, 12, 12}));
-  EXPECT_EQ(flat.capacity, 12u);
-  ArrayBufferAdapter grid(samples, 3, 4, &status);
-  EXPECT_EQ(shapeOf(grid), (Shape{3, 4, 12}));
-  EXPECT_EQ(grid.capacity, 12u);
-  EXPECT_EQ(grid.data, samples);
-  EXPECT_EQ(grid.extension, 0u);
-  ArrayBufferWriteAdapter write(samples, 2, 5, &status);
-  EXPECT_EQ(write.numChannels, 2u);
-  EXPECT_EQ(write.numSampsPerChan, 5u);
-  EXPECT_EQ(write.totalElements, 10u);
-  EXPECT_EQ(status.code, 0);
 }
 
 // The object stays usable with the status set; every later entry sees that status.

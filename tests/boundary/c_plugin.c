@@ -53,26 +53,6 @@ double cplug_sumSamples(const zqgopher_IArrayBuffer* buffer, zqerr_Status* statu
   return sum;
 }
 
-void cplug_probeArray(zqgopher_IArrayBuffer* buffer, zqerr_Status* status, cplug_ArrayProbe* probe) {
-  const zqgopher_IArrayBufferTable* t = buffer->table;
-  probe->capabilities = t->getCapabilities(buffer);
-  probe->isEmpty = t->isEmpty(buffer, status);
-  probe->numChannels = t->getNumChannels(buffer, status);
-  probe->numSampsPerChan = t->getNumSampsPerChan(buffer, 0, status);
-  probe->data = t->getData(buffer, 0, status);
-  probe->extension = t->getExtension(buffer);
-  t->reserved1(buffer, status);
-  t->reserved2(buffer, status);
-  t->reserved3(buffer, status);
-  t->reserved4(buffer, status);
-  probe->codeAfterReserved = status->code;
-  probe->mutableData = t->getMutableData(buffer, 0, status);
-  probe->mutableExtension = t->getMutableExtension(buffer);
-  t->clear(buffer, status);
-  probe->codeAfterClear = status->code;
-  probe->emptyAfterClear = t->isEmpty(buffer, status);
-}
-
 /* ---- line arrays ---- */
 
 void cplug_readLines(zqgopher_IArrayLineBuffer* buffer, const uint32_t* lines, uint64_t channels,
@@ -86,48 +66,6 @@ void cplug_readLines(zqgopher_IArrayLineBuffer* buffer, const uint32_t* lines, u
   for (uint32_t c = 0; c < t->getNumChannels(buffer, status); ++c)
     for (uint64_t s = 0; s < t->getNumSampsPerChan(buffer, c, status); ++s)
       for (uint32_t l = 0; l < t->getNumLines(buffer, c, status); ++l) bytes[at++] = (uint8_t)(100 * c + 10 * s + l);
-}
-
-void cplug_probeLines(zqgopher_IArrayLineBuffer* buffer, zqerr_Status* status, cplug_LineProbe* probe) {
-  const zqgopher_IArrayLineBufferTable* t = buffer->table;
-  probe->capabilities = t->getCapabilities(buffer);
-  probe->isEmpty = t->isEmpty(buffer, status);
-  probe->numChannels = t->getNumChannels(buffer, status);
-  probe->numSampsPerChan = t->getNumSampsPerChan(buffer, 0, status);
-  for (uint32_t c = 0; c < 4; ++c) probe->numLines[c] = c < probe->numChannels ? t->getNumLines(buffer, c, status) : 0;
-  probe->data = t->getData(buffer, 0, status);
-  probe->extension = t->getExtension(buffer);
-  t->reserved1(buffer, status);
-  t->reserved2(buffer, status);
-  t->reserved3(buffer, status);
-  t->reserved4(buffer, status);
-  probe->codeAfterReserved = status->code;
-  probe->mutableData = t->getMutableData(buffer, 0, status);
-  probe->mutableExtension = t->getMutableExtension(buffer);
-  probe->uniformNumLines = t->getUniformNumLines(buffer, status);
-  probe->numLinesOfChannel0 = t->getNumLinesOfChannel(buffer, 0, status);
-  t->clear(buffer, status);
-  probe->codeAfterClear = status->code;
-  probe->numChannelsAfterClear = t->getNumChannels(buffer, status);
-}
-
-/* ---- text ---- */
-
-void cplug_probeString(zqgopher_IString* text, zqerr_Status* status, cplug_StringProbe* probe) {
-  const zqgopher_IStringTable* t = text->table;
-  t->assign(text, "channel", 7, status);
-  probe->sizeAfterAssign = t->size(text, status);
-  const char* data = t->data(text, status);
-  probe->dataMatches = data && memcmp(data, "channel", 7) == 0;
-  t->resize(text, 9, status);
-  probe->sizeAfterResize = t->size(text, status);
-  char* bytes = t->mutableData(text, status);
-  if (bytes) bytes[0] = 'C';
-  memset(probe->copied, '#', sizeof probe->copied);
-  t->copyTo(text, probe->copied, sizeof probe->copied, status);
-  t->clear(text, status);
-  probe->dataAfterClear = t->data(text, status);
-  probe->mutableAfterClear = t->mutableData(text, status);
 }
 
 /* ---- lists ---- */

@@ -20,57 +20,10 @@ void cplug_readRamp(zqgopher_IArrayBuffer* buffer, uint32_t numChannels, uint64_
 /* A write: the sum of all samples, after checking the shape through the table. */
 double cplug_sumSamples(const zqgopher_IArrayBuffer* buffer, zqerr_Status* status);
 
-/* What every entry of an array table answered. */
-typedef struct cplug_ArrayProbe {
-  uint32_t capabilities;
-  bool isEmpty;
-  uint32_t numChannels;
-  uint64_t numSampsPerChan;
-  const void* data;
-  void* mutableData;
-  uint64_t extension;
-  uint64_t mutableExtension;
-  int32_t codeAfterReserved; /* the status after the four reserved entries */
-  int32_t codeAfterClear;
-  bool emptyAfterClear;
-} cplug_ArrayProbe;
-void cplug_probeArray(zqgopher_IArrayBuffer* buffer, zqerr_Status* status, cplug_ArrayProbe* probe);
-
 /* A digital read: resize to the lines, then write line l of sample s of channel c as
  * 100 * c + 10 * s + l, channel after channel. */
 void cplug_readLines(zqgopher_IArrayLineBuffer* buffer, const uint32_t* lines, uint64_t channels,
                      uint64_t numSampsPerChan, zqerr_Status* status);
-
-typedef struct cplug_LineProbe {
-  uint32_t capabilities;
-  bool isEmpty;
-  uint32_t numChannels;
-  uint64_t numSampsPerChan;
-  uint32_t numLines[4]; /* channels 0 to 3 */
-  const void* data;
-  void* mutableData;
-  uint64_t extension;
-  uint64_t mutableExtension;
-  uint32_t uniformNumLines;
-  uint32_t numLinesOfChannel0;
-  int32_t codeAfterReserved;
-  int32_t codeAfterClear;
-  uint32_t numChannelsAfterClear;
-} cplug_LineProbe;
-/* numLines is asked only for the channels the buffer has. */
-void cplug_probeLines(zqgopher_IArrayLineBuffer* buffer, zqerr_Status* status, cplug_LineProbe* probe);
-
-typedef struct cplug_StringProbe {
-  uint64_t sizeAfterAssign;
-  bool dataMatches;     /* data() shows the assigned bytes */
-  char copied[16];      /* copyTo into 16 bytes after the edits */
-  uint64_t sizeAfterResize;
-  const char* dataAfterClear;
-  char* mutableAfterClear;
-} cplug_StringProbe;
-/* assign "channel", resize to 9 (two zero bytes), set byte 0 to 'C' through mutableData, copy
- * out, then clear. */
-void cplug_probeString(zqgopher_IString* text, zqerr_Status* status, cplug_StringProbe* probe);
 
 /* Lists as a plug-in fills them. */
 void cplug_addNames(zqgopher_IItemAdder* names, zqerr_Status* status);  /* "ai0", "ai1", "ai2" */

@@ -11,9 +11,7 @@
 #include "boundary/array_line_buffer_adapter.h"
 #include "boundary/array_view.h"
 #include "boundary/item_adder_adapter.h"
-#include "boundary/string_adapter.h"
 #include "c_plugin.h"
-#include "report_probe.h"
 #include "status/status.h"
 #include "zqvorex_status_codes.h"
 
@@ -49,55 +47,6 @@ TEST(CPlugin, WriteReadsTheCallersArray) {
   EXPECT_EQ(status.code, 0);
 }
 
-TEST(CPlugin, EveryArrayEntryOfTheReadForm) {
-  double samples[6];
-  zqerr::Status status;
-  ArrayBufferAdapter adapter(samples, 2, 3, &status);
-  adapter.extension = 4;
-  cplug_ArrayProbe p{};
-  cplug_probeArray(adapter.boundary(), &status, &p);
-  EXPECT_EQ(p.capabilities, 41u);
-  EXPECT_FALSE(p.isEmpty);
-  EXPECT_EQ(p.numChannels, 2u);
-  EXPECT_EQ(p.numSampsPerChan, 3u);
-  EXPECT_EQ(p.data, samples);
-  EXPECT_EQ(p.mutableData, samples);
-  EXPECT_EQ(p.extension, 4u);
-  EXPECT_EQ(p.mutableExtension, 4u);
-  EXPECT_EQ(p.codeAfterReserved, 0);
-  EXPECT_EQ(p.codeAfterClear, 0);
-  EXPECT_TRUE(p.emptyAfterClear);
-}
-
-TEST(CPlugin, EveryArrayEntryOfTheWriteForm) {
-  const double samples[3] = {};
-  zqerr::Status status;
-  ArrayBufferWriteAdapter adapter(samples, 1, 3, &status);
-  cplug_ArrayProbe p{};
-  cplug_probeArray(adapter.boundary(), &status, &p);
-  EXPECT_EQ(p.capabilities, 0u);
-  EXPECT_FALSE(p.isEmpty);
-  EXPECT_EQ(p.numSampsPerChan, 3u);
-  EXPECT_EQ(p.data, samples);
-  EXPECT_EQ(p.codeAfterReserved, 0);
-  EXPECT_EQ(p.mutableData, nullptr);
-  EXPECT_EQ(p.codeAfterClear, zqapalerr_featureUnsupported) << "set by getMutableData, the first refusal";
-  EXPECT_TRUE(p.emptyAfterClear) << "a failed status reads as empty";
-}
-
-TEST(CPlugin, EveryArrayEntryOfTheScalarForm) {
-  double value[2];
-  zqerr::Status status;
-  ScalarArrayBufferAdapter adapter(value, 2, &status);
-  cplug_ArrayProbe p{};
-  cplug_probeArray(adapter.boundary(), &status, &p);
-  EXPECT_EQ(p.capabilities, 32u);
-  EXPECT_EQ(p.numChannels, 1u);
-  EXPECT_EQ(p.numSampsPerChan, 2u);
-  EXPECT_EQ(p.mutableData, value);
-  EXPECT_EQ(p.codeAfterClear, 0);
-}
-
 TEST(CPlugin, DigitalReadWritesLinesInPlace) {
   std::vector<uint8_t> bytes(12, 0xEE);
   zqerr::Status status;
@@ -106,73 +55,6 @@ TEST(CPlugin, DigitalReadWritesLinesInPlace) {
   cplug_readLines(adapter.boundary(), lines, 2, 2, &status);
   EXPECT_EQ(status.code, 0);
   EXPECT_EQ(bytes, (std::vector<uint8_t>{0, 1, 10, 11, 100, 101, 102, 110, 111, 112, 0xEE, 0xEE}));
-}
-
-TEST(CPlugin, EveryLineEntryOfTheReadForm) {
-  uint8_t bytes[16];
-  const std::vector<uint32_t> lines{3, 1};
-  ArrayViewAdapter<uint32_t> view(lines);
-  zqerr::Status status;
-  ArrayLineBufferAdapter adapter(bytes, 16, &view, 4, &status);
-  cplug_LineProbe p{};
-  cplug_probeLines(adapter.boundary(), &status, &p);
-  EXPECT_EQ(p.capabilities, 24u);
-  EXPECT_FALSE(p.isEmpty);
-  EXPECT_EQ(p.numChannels, 2u);
-  EXPECT_EQ(p.numSampsPerChan, 4u);
-  EXPECT_EQ(p.numLines[0], 3u);
-  EXPECT_EQ(p.numLines[1], 1u);
-  EXPECT_EQ(p.data, bytes);
-  EXPECT_EQ(p.mutableData, bytes);
-  EXPECT_EQ(p.extension, 0u);
-  EXPECT_EQ(p.mutableExtension, 0u);
-  EXPECT_EQ(p.uniformNumLines, 0xFFFFFFFFu);
-  EXPECT_EQ(p.numLinesOfChannel0, 0xFFFFFFFFu);
-  EXPECT_EQ(p.codeAfterReserved, 0);
-  EXPECT_EQ(p.codeAfterClear, 0);
-  EXPECT_EQ(p.numChannelsAfterClear, 0u);
-}
-
-TEST(CPlugin, EveryLineEntryOfTheWriteAndScalarForms) {
-  uint8_t bytes[4] = {};
-  const std::vector<uint32_t> lines{4};
-  ArrayViewAdapter<uint32_t> view(lines);
-  zqerr::Status status;
-  ArrayLineBufferWriteAdapter write(bytes, 4, &view, 1, &status);
-  cplug_LineProbe p{};
-  cplug_probeLines(write.boundary(), &status, &p);
-  EXPECT_EQ(p.capabilities, 0u);
-  EXPECT_EQ(p.numLines[0], 4u);
-  EXPECT_EQ(p.data, bytes);
-  EXPECT_EQ(p.mutableData, nullptr);
-  EXPECT_EQ(p.codeAfterClear, zqapalerr_featureUnsupported);
-
-  zqerr::Status scalarStatus;
-  ScalarArrayLineBufferAdapter scalar(bytes, 4, &scalarStatus);
-  cplug_LineProbe q{};
-  cplug_probeLines(scalar.boundary(), &scalarStatus, &q);
-  EXPECT_EQ(q.capabilities, 16u);
-  EXPECT_EQ(q.numChannels, 1u);
-  EXPECT_EQ(q.numSampsPerChan, 1u);
-  EXPECT_EQ(q.numLines[0], 4u);
-  EXPECT_EQ(q.mutableData, bytes);
-  EXPECT_EQ(q.codeAfterClear, 0);
-}
-
-TEST(CPlugin, EveryStringEntry) {
-  std::string text = "previous";
-  StringAdapter adapter(text);
-  zqerr::Status status;
-  cplug_StringProbe p{};
-  cplug_probeString(adapter.boundary(), &status, &p);
-  EXPECT_EQ(p.sizeAfterAssign, 7u);
-  EXPECT_TRUE(p.dataMatches);
-  EXPECT_EQ(p.sizeAfterResize, 9u);
-  EXPECT_EQ(std::string(p.copied, 11), std::string("Channel\0\0\0#", 11));
-  EXPECT_EQ(p.dataAfterClear, nullptr);
-  EXPECT_EQ(p.mutableAfterClear, nullptr);
-  EXPECT_EQ(text, "");
-  EXPECT_EQ(status.code, 0);
 }
 
 TEST(CPlugin, ListsOfEveryElementType) {

@@ -7,7 +7,7 @@
 #include "boundary/array_line_buffer_adapter.h"
 #include "boundary/array_view.h"
 #include "case_printer.h"
-#include "report_probe.h"
+#include "report_items.h"
 #include "status/status.h"
 #include "zqvorex_status_codes.h"
 
@@ -21,20 +21,6 @@ using Lines = std::vector<uint32_t>;
 
 Lines linesOf(const zqgopher_ArrayLineBufferFields& f) {
   return Lines(f.linesPerChannel.data, f.linesPerChannel.data + f.linesPerChannel.size);
-}
-
-TEST(ArrayLineBufferAdapter, WithoutLinesTheShapeIsOpen) {
-  uint8_t bytes[16];
-  zqerr::Status status;
-  ArrayLineBufferAdapter adapter(bytes, 16, nullptr, 4, &status);
-  EXPECT_EQ(adapter.numChannels, 0u);
-  EXPECT_EQ(adapter.numSampsPerChan, 4u);
-  EXPECT_EQ(adapter.totalElements, 16u);
-  EXPECT_EQ(adapter.capacity, 16u);
-  EXPECT_EQ(adapter.linesMode, 0u);
-  EXPECT_EQ(adapter.linesPerChannel.data, nullptr) << "nothing allocated without lines";
-  EXPECT_TRUE(adapter.kTable.isEmpty(adapter.boundary(), &status)) << "no channels";
-  EXPECT_EQ(status.code, 0);
 }
 
 TEST(ArrayLineBufferAdapter, LinesGivenAtConstructionSetTheShape) {

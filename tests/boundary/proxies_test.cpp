@@ -6,10 +6,9 @@
 
 #include "boundary/item_adder_adapter.h"
 #include "boundary/proxies.h"
-#include "boundary/string_adapter.h"
 #include "c_plugin.h"
 #include "case_printer.h"
-#include "report_probe.h"
+#include "report_items.h"
 #include "status/status.h"
 #include "zqvorex_status_codes.h"
 
@@ -29,14 +28,6 @@ TEST(StringProxy, AssignsTheBytesAndTheirLength) {
   EXPECT_EQ(sink.length, 11u) << "the length, not the zero-terminated prefix";
   EXPECT_EQ(std::string(sink.text, sink.length), text);
   EXPECT_EQ(status.code, 0);
-}
-
-TEST(StringProxy, FillsALibraryStringToo) {
-  std::string target = "old";
-  zqgopher::StringAdapter adapter(target);
-  zqerr::Status status;
-  StringProxy(adapter.boundary()).set("new text", &status);
-  EXPECT_EQ(target, "new text");
 }
 
 TEST(StringProxy, ANullTargetIsRefused) {

@@ -7,7 +7,7 @@
 #include "boundary/array_line_buffer_adapter.h"
 #include "boundary/array_view.h"
 #include "case_printer.h"
-#include "report_probe.h"
+#include "report_items.h"
 #include "status/status.h"
 #include "zqvorex_status_codes.h"
 

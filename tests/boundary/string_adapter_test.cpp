@@ -5,7 +5,7 @@
 
 #include "boundary/string_adapter.h"
 #include "case_printer.h"
-#include "report_probe.h"
+#include "report_items.h"
 #include "status/status.h"
 #include "zqvorex_status_codes.h"
 

@@ -15,48 +15,6 @@ namespace {
 
 using zqtest::reportAt;
 
-TEST(DebugServerApiTest, NamesFollowTheTableOrder) {
-  const char* expected[] = {"createDebugServer",
-                            "destroyDebugServer",
-                            "getMaxPrivilegeLevel",
-                            "getPipeName",
-                            "createDebugTarget",
-                            "destroyDebugTarget",
-                            "getTaskName",
-                            "getPluginName",
-                            "setPluginName",
-                            "getPluginTask",
-                            "setPluginTask",
-                            "getDevices",
-                            "setDevices",
-                            "addDevices",
-                            "removeDevices",
-                            "getPhysicalChannels",
-                            "setPhysicalChannels",
-                            "addPhysicalChannels",
-                            "removePhysicalChannels",
-                            "setEventsEnabled",
-                            "setTimingSourcesEnabled",
-                            "setLoggingEnabled",
-                            "revokeControl",
-                            "clearCachedSamples",
-                            "cacheSamplesF64",
-                            "cacheSamplesI8",
-                            "cacheSamplesI16",
-                            "cacheSamplesI32",
-                            "cacheSamplesU8",
-                            "cacheSamplesU16",
-                            "cacheSamplesU32",
-                            "cacheSamplesCounterDutyCycleAndFrequencyF64",
-                            "cacheSamplesCounterHighAndLowTimesF64",
-                            "cacheSamplesCounterHighAndLowTicksU32",
-                            "cacheSamplesPowerVoltageAndCurrentF64",
-                            "cacheSamplesPowerVoltageAndCurrentI16",
-                            "cacheSamplesLineU8"};
-  ASSERT_EQ(std::size(expected), DebugServerApi::kOperationCount);
-  for (size_t i = 0; i < std::size(expected); ++i) EXPECT_STREQ(DebugServerApi::kNames[i], expected[i]) << i;
-}
-
 struct MissingCase {
   const char* operation;
   uint32_t line;  // the operation's place in the table, from 1

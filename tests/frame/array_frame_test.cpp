@@ -7,6 +7,7 @@
 
 #include "last_error_probe.h"
 #include "recording_task.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -72,12 +73,12 @@ const GetCase kGetCases[] = {
     {"ExactSize", false, Handle::kLive, true, 3, 0, 0, true, false},
     {"LargerArray", false, Handle::kLive, true, 5, 0, 0, true, false},
     {"NoElementsIntoAnArray", true, Handle::kLive, true, 5, 0, 0, false, false},
-    {"OneElementShort", false, Handle::kLive, true, 2, 0, -200234, false, true},
+    {"OneElementShort", false, Handle::kLive, true, 2, 0, nZQMSTS100::kErrorArrayTooSmallForValue, false, true},
     {"PluginWarningKeepsTheElements", false, Handle::kLive, true, 3, 200077, 200077, true, false},
     {"PluginErrorCopiesNothing", false, Handle::kLive, true, 3, -201003, -201003, false, false},
     {"NullHandle", false, Handle::kNull, true, 3, 0, -200230, false, false},
     {"NullHandleIsNoSizeQuery", false, Handle::kNull, false, 0, 0, -200230, false, false},
-    {"ExpiredTask", false, Handle::kExpired, true, 3, 0, -50004, false, false},
+    {"ExpiredTask", false, Handle::kExpired, true, 3, 0, zqpalerr_badPointer, false, false},
 };
 
 struct SetCase {
@@ -93,9 +94,9 @@ const SetCase kSetCases[] = {
     {"ThreeElements", Handle::kLive, true, 3, 0, true},
     {"CountZeroIgnoresThePointer", Handle::kLive, true, 0, 0, true},
     {"NullArrayWithoutCount", Handle::kLive, false, 0, 0, true},
-    {"NullArrayWithCount", Handle::kLive, false, 2, -52005, false},
+    {"NullArrayWithCount", Handle::kLive, false, 2, zqapalerr_invalidParameter, false},
     {"NullHandleWinsOverNullArray", Handle::kNull, false, 2, -200230, false},
-    {"ExpiredTask", Handle::kExpired, true, 3, -50004, false},
+    {"ExpiredTask", Handle::kExpired, true, 3, zqpalerr_badPointer, false},
 };
 
 template <class Shape>
@@ -163,8 +164,8 @@ TEST(ArrayFrameOperation, BadChannelListStopsBeforeThePlugin) {
   auto task = RecordingTask::create();
   double array[3] = {7, 7, 7};
   const double values[1] = {1};
-  EXPECT_EQ(F64Arrays::get(task->handle(), ":3", array, 3), -200498);
-  EXPECT_EQ(F64Arrays::set(task->handle(), ":3", values, 1), -200498);
+  EXPECT_EQ(F64Arrays::get(task->handle(), ":3", array, 3), zqwombat::kErrorInvalidRange);
+  EXPECT_EQ(F64Arrays::set(task->handle(), ":3", values, 1), zqwombat::kErrorInvalidRange);
   EXPECT_EQ(array[0], 7.0);
   EXPECT_TRUE(task->calls().empty());
 }
@@ -173,8 +174,8 @@ TEST(ArrayFrameOperation, ExceptionInTheOperationBecomesAStatus) {
   auto task = RecordingTask::create();
   task->onAny().throws(std::bad_alloc());
   double array[3] = {7, 7, 7};
-  EXPECT_EQ(F64Arrays::get(task->handle(), "", array, 3), -52000);
-  EXPECT_EQ(F64Arrays::set(task->handle(), "", array, 3), -52000);
+  EXPECT_EQ(F64Arrays::get(task->handle(), "", array, 3), zqapalerr_memoryFull);
+  EXPECT_EQ(F64Arrays::set(task->handle(), "", array, 3), zqapalerr_memoryFull);
   EXPECT_EQ(array[0], 7.0);
 }
 

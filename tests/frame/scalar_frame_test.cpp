@@ -11,6 +11,7 @@
 #include "last_error_probe.h"
 #include "status/report_writer.h"
 #include "recording_task.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -69,7 +70,7 @@ void nothing(RecordingTask&) {}
 const GetCase kGetCases[] = {
     {"NullHandleScrubs", viaDouble<double, getAIMax>, nothing, Handle::kNull, true, -200230, 0, {}},
     {"NullHandleWinsOverNullData", viaDouble<double, getAIMax>, nothing, Handle::kNull, false, -200230, 5, {}},
-    {"ExpiredTaskScrubs", viaDouble<double, getAIMax>, nothing, Handle::kExpired, true, -50004, 0, {}},
+    {"ExpiredTaskScrubs", viaDouble<double, getAIMax>, nothing, Handle::kExpired, true, zqpalerr_badPointer, 0, {}},
     {"NullDataStopsBeforeThePlugin", viaDouble<double, getAIMax>, nothing, Handle::kLive, false, -200604, 5, {}},
     {"ValueComesBack", viaDouble<double, getAIMax>, [](RecordingTask& t) { t.on("getChannelAttributeF64").value(2.5); },
      Handle::kLive, true, 0, 2.5, {"getChannelAttributeF64"}},
@@ -81,13 +82,13 @@ const GetCase kGetCases[] = {
      -201003, 0, {"getChannelAttributeF64"}},
     {"ExceptionScrubs", viaDouble<double, getAIMax>,
      [](RecordingTask& t) { t.on("getChannelAttributeF64").throws(std::runtime_error("plug-in threw")); },
-     Handle::kLive, true, -50150, 0, {"getChannelAttributeF64"}},
+     Handle::kLive, true, zqpalerr_softwareFault, 0, {"getChannelAttributeF64"}},
     {"SizeThatFits", viaDouble<uint32_t, getBufSize>,
      [](RecordingTask& t) { t.on("getBufferAttributeSize").value(uint64_t{0xFFFFFFFF}); }, Handle::kLive, true, 0,
      4294967295.0, {"getBufferAttributeSize"}},
     {"SizeThatOverflows", viaDouble<uint32_t, getBufSize>,
      [](RecordingTask& t) { t.on("getBufferAttributeSize").value(uint64_t{0x100000000}); }, Handle::kLive, true,
-     -50175, 0, {"getBufferAttributeSize"}},
+     zqpalerr_calculationOverflow, 0, {"getBufferAttributeSize"}},
     {"OverflowIsNotTestedAfterAnError", viaDouble<uint32_t, getBufSize>,
      [](RecordingTask& t) { t.on("getBufferAttributeSize").value(uint64_t{0x100000000}).status(-201003); },
      Handle::kLive, true, -201003, 0, {"getBufferAttributeSize"}},
@@ -112,13 +113,13 @@ const GetCase kGetCases[] = {
        t.on("getReadAttributeI32").status(-89000);
        t.on("getReadAttributeOffset").value(int64_t{1} << 40);
      },
-     Handle::kLive, true, -50175, 0, {"getReadAttributeI32", "getReadAttributeOffset"}},
+     Handle::kLive, true, zqpalerr_calculationOverflow, 0, {"getReadAttributeI32", "getReadAttributeOffset"}},
     {"WideSizeOverflows", viaDouble<uint32_t, getReadAvail>,
      [](RecordingTask& t) {
        t.on("getReadAttributeU32").status(-89000);
        t.on("getReadAttributeSize").value(uint64_t{0x100000000});
      },
-     Handle::kLive, true, -50175, 0, {"getReadAttributeU32", "getReadAttributeSize"}},
+     Handle::kLive, true, zqpalerr_calculationOverflow, 0, {"getReadAttributeU32", "getReadAttributeSize"}},
     {"WideWarningSurvives", viaDouble<uint32_t, getReadAvail>,
      [](RecordingTask& t) {
        t.on("getReadAttributeU32").status(-89000);
@@ -176,7 +177,7 @@ TEST(ScalarFrame, SetAndResetRefuseABadHandleBeforeThePlugin) {
   EXPECT_EQ((setScalar<ClassF64, &ITask::setChannelAttributeF64>(kAIMax, nullptr, "", 1.0)), -200230);
   EXPECT_EQ(resetAttribute<&ITask::resetChannelAttributeF64>(kAIMax, nullptr, ""), -200230);
   task->expire();
-  EXPECT_EQ((setScalar<ClassF64, &ITask::setChannelAttributeF64>(kAIMax, task->handle(), "", 1.0)), -50004);
+  EXPECT_EQ((setScalar<ClassF64, &ITask::setChannelAttributeF64>(kAIMax, task->handle(), "", 1.0)), zqpalerr_badPointer);
   EXPECT_TRUE(task->calls().empty());
 }
 

@@ -10,6 +10,7 @@
 #include "last_error_probe.h"
 #include "platform/platform.h"
 #include "recording_task.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -108,14 +109,14 @@ const GetCase kGetCases[] = {
     {"SizeQueryOfAnEmptyValue", "", Handle::kLive, false, 0, 0, kSize, false, false},
     {"SizeQueryKeepsNoWarning", "Dev1/ai0", Handle::kLive, false, 0, 200077, kSize, false, false},
     {"ExactlyLengthPlusOne", "Dev1/ai0, Dev1/ai1", Handle::kLive, true, -1, 0, 0, true, false},
-    {"OneByteShort", "Dev1/ai0, Dev1/ai1", Handle::kLive, true, -2, 0, -200228, false, true},
+    {"OneByteShort", "Dev1/ai0, Dev1/ai1", Handle::kLive, true, -2, 0, nZQMSTS::kErrorBufferTooSmallForString, false, true},
     {"LargeBuffer", "Dev1/ai0", Handle::kLive, true, 64, 0, 0, true, false},
     {"EmptyValueIntoABuffer", "", Handle::kLive, true, 64, 0, 0, true, false},
     {"PluginWarningKeepsTheValue", "Dev1/ai0", Handle::kLive, true, 64, 200077, 200077, true, false},
     {"PluginErrorWritesNothing", "Dev1/ai0", Handle::kLive, true, 64, -201003, -201003, false, false},
     {"NullHandle", "Dev1/ai0", Handle::kNull, true, 64, 0, -200230, false, false},
     {"NullHandleIsNoSizeQuery", "Dev1/ai0", Handle::kNull, false, 0, 0, -200230, false, false},
-    {"ExpiredTask", "Dev1/ai0", Handle::kExpired, true, 64, 0, -50004, false, false},
+    {"ExpiredTask", "Dev1/ai0", Handle::kExpired, true, 64, 0, zqpalerr_badPointer, false, false},
 };
 
 class TextGet : public testing::TestWithParam<std::tuple<GetShape, GetCase>> {};
@@ -193,7 +194,7 @@ TEST(TextGetOperation, ChannelListAndIdReachTheOperation) {
 TEST(TextGetOperation, BadChannelListStopsBeforeThePlugin) {
   auto task = RecordingTask::create();
   std::string buffer(16, 'x');
-  EXPECT_EQ(getCustomScaleName(task->handle(), "ai0:", buffer.data(), 16), -200498);
+  EXPECT_EQ(getCustomScaleName(task->handle(), "ai0:", buffer.data(), 16), zqwombat::kErrorInvalidRange);
   EXPECT_EQ(buffer, std::string(16, 'x'));
   EXPECT_TRUE(task->calls().empty());
 }
@@ -211,7 +212,7 @@ TEST(TextGetOperation, ExceptionInTheOperationBecomesAStatus) {
   auto task = RecordingTask::create();
   task->on("getChannelAttributeString").throws(std::runtime_error("plug-in threw"));
   std::string buffer(8, 'x');
-  EXPECT_EQ(getCustomScaleName(task->handle(), "", buffer.data(), 8), -50150);
+  EXPECT_EQ(getCustomScaleName(task->handle(), "", buffer.data(), 8), zqpalerr_softwareFault);
   EXPECT_EQ(buffer, std::string(8, 'x'));
 }
 
@@ -225,7 +226,7 @@ struct SetCase {
   const char* input;
   int32_t expected;
   const char* passed;  // the value the operation received, as text; null when not called
-  int32_t terminals;   // the count in the -200098 report, 0 for none
+  int32_t terminals;   // the count in the nZQMSTS100::kErrorMoreThanOneTerminal report, 0 for none
 };
 
 const SetCase kSetCases[] = {
@@ -237,15 +238,15 @@ const SetCase kSetCases[] = {
      "PFI0, PFI1", 0},
     {"StringKeepsColons", setCustomScaleName, "setChannelAttributeString", Handle::kLive, "ai0:", 0, "ai0:", 0},
     {"StringNullHandle", setCustomScaleName, "setChannelAttributeString", Handle::kNull, "x", -200230, nullptr, 0},
-    {"StringExpiredTask", setCustomScaleName, "setChannelAttributeString", Handle::kExpired, "x", -50004, nullptr, 0},
+    {"StringExpiredTask", setCustomScaleName, "setChannelAttributeString", Handle::kExpired, "x", zqpalerr_badPointer, nullptr, 0},
     {"TerminalStripsSpaces", setSampClkSrc, "setTimingAttributeString", Handle::kLive, " PFI0 ", 0, "PFI0", 0},
     {"TerminalNullIsEmpty", setSampClkSrc, "setTimingAttributeString", Handle::kLive, nullptr, 0, "", 0},
     {"TerminalWithDevice", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "/Dev1/PFI0", 0, "/Dev1/PFI0", 0},
     {"TerminalPassesTheTextNotTheName", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0 , ", 0,
      "PFI0 ,", 0},
-    {"TwoTerminals", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0,PFI1", -200098, nullptr, 2},
-    {"TerminalRange", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0:2", -200098, nullptr, 3},
-    {"TerminalListError", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0:", -200498, nullptr, 0},
+    {"TwoTerminals", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0,PFI1", nZQMSTS100::kErrorMoreThanOneTerminal, nullptr, 2},
+    {"TerminalRange", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0:2", nZQMSTS100::kErrorMoreThanOneTerminal, nullptr, 3},
+    {"TerminalListError", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0:", zqwombat::kErrorInvalidRange, nullptr, 0},
     {"TerminalNullHandleWins", setSampClkSrc, "setTimingAttributeString", Handle::kNull, "PFI0,PFI1", -200230,
      nullptr, 0},
     {"ListSplitsAndStrips", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, " a, b ,c ", 0,
@@ -254,8 +255,8 @@ const SetCase kSetCases[] = {
      "ai0, ai1, ai2", 0},
     {"ListNullIsEmpty", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, nullptr, 0, "", 0},
     {"ListOfCommasIsEmpty", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, ",,,", 0, "", 0},
-    {"ListError", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, ":3", -200498, nullptr, 0},
-    {"ListExpiredTask", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kExpired, "a", -50004, nullptr, 0},
+    {"ListError", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, ":3", zqwombat::kErrorInvalidRange, nullptr, 0},
+    {"ListExpiredTask", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kExpired, "a", zqpalerr_badPointer, nullptr, 0},
 };
 
 class TextSet : public testing::TestWithParam<SetCase> {};
@@ -338,7 +339,7 @@ TEST(CodePage, GetGivesTheSystemTextAndCountsItsBytes) {
     const std::string system = text.system;
     char buffer[32];
     EXPECT_EQ(getCustomScaleName(task->handle(), "", nullptr, 0), static_cast<int32_t>(system.size()) + 1);
-    EXPECT_EQ(getCustomScaleName(task->handle(), "", buffer, static_cast<uint32_t>(system.size())), -200228);
+    EXPECT_EQ(getCustomScaleName(task->handle(), "", buffer, static_cast<uint32_t>(system.size())), nZQMSTS::kErrorBufferTooSmallForString);
     EXPECT_EQ(getCustomScaleName(task->handle(), "", buffer, static_cast<uint32_t>(system.size()) + 1), 0);
     EXPECT_EQ(std::string(buffer), system);
     EXPECT_EQ(getTaskChannels(task->handle(), nullptr, buffer, sizeof buffer), 0);

@@ -4,9 +4,10 @@
 #include <vector>
 
 #include "test_sites.h"
-#include "report_check.h"
+#include "report_items.h"
 #include "status/report_writer.h"
 #include "text/list_parser.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -116,36 +117,36 @@ TEST_P(ListFailure, SetsTheSiteAndTheItems) {
   EXPECT_TRUE(out.empty());
   EXPECT_EQ(zqtest::siteOf(status), (zqtest::Site{"nparseutilities", c.line, "zqcai_rd_"}));
   std::string items = "[" + stringItem(kUsageTypeInvalidString, c.blamed);
-  if (c.code == -200592) items += "," + uint32Item(kUsageTypeMaxNumObjects, 15000);
-  if (c.code == -200605) items += "," + uint32Item(kUsageTypeMaxNumberInRange, 4000000000u);
-  EXPECT_EQ(zqtest::orderedData(status), items + "]");
+  if (c.code == zqwombat::kErrorRangeTooLong) items += "," + uint32Item(kUsageTypeMaxNumObjects, 15000);
+  if (c.code == zqwombat::kErrorNumberTooLarge) items += "," + uint32Item(kUsageTypeMaxNumberInRange, 4000000000u);
+  EXPECT_EQ(zqtest::items(status), items + "]");
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, ListFailure,
-    testing::Values(Failure{"ai0:15000", -200592, 984, "ai0:15000"},
-                    Failure{"ai0:4000000000", -200592, 984, "ai0:4000000000"},
-                    Failure{"0:15000", -200592, 1088, "0:15000"},
-                    Failure{"15000:0", -200592, 1088, "15000:0"},
-                    Failure{"ai4000000001:4000000002", -200605, 903, "ai4000000001:4000000002"},
-                    Failure{"ai5000000000:1", -200605, 903, "ai5000000000:1"},
-                    Failure{"ai10000000000:1", -200605, 903, "ai10000000000:1"},
-                    Failure{"ai1:4000000001", -200605, 928, "ai1:4000000001"},
-                    Failure{"ai1:ai4000000001", -200605, 966, "ai1:ai4000000001"},
-                    Failure{"4000000001:2", -200605, 1038, "4000000001:2"},
-                    Failure{"1:4100000000", -200605, 1064, "1:4100000000"},
-                    Failure{"ai0:", -200498, 935, "ai0:"},
-                    Failure{"0:", -200498, 1072, "0:"},
-                    Failure{"0:a", -200498, 1080, "0:a"},
-                    Failure{"0:ai3", -200498, 1080, "0:ai3"},
-                    Failure{":3", -200498, 886, ":3"},
-                    Failure{"ai:3", -200498, 886, "ai:3"},
-                    Failure{"a:::b", -200498, 886, "a:::b"},
-                    Failure{"ai0:3x", -200498, 947, "ai0:3x"},
-                    Failure{"ai0:Dev1/ai3", -200498, 973, "ai0:Dev1/ai3"},
-                    Failure{"\xD0\x94" "0:\xD0\xB4" "1", -200498, 973, "\xD0\x94" "0:\xD0\xB4" "1"},  // Cyrillic is not folded
-                    Failure{" x , ai:3 , y", -200498, 886, "ai:3"},
-                    Failure{"ai0:1, ai0:bx1, ai5", -200498, 973, "ai0:bx1"}));
+    testing::Values(Failure{"ai0:15000", zqwombat::kErrorRangeTooLong, 984, "ai0:15000"},
+                    Failure{"ai0:4000000000", zqwombat::kErrorRangeTooLong, 984, "ai0:4000000000"},
+                    Failure{"0:15000", zqwombat::kErrorRangeTooLong, 1088, "0:15000"},
+                    Failure{"15000:0", zqwombat::kErrorRangeTooLong, 1088, "15000:0"},
+                    Failure{"ai4000000001:4000000002", zqwombat::kErrorNumberTooLarge, 903, "ai4000000001:4000000002"},
+                    Failure{"ai5000000000:1", zqwombat::kErrorNumberTooLarge, 903, "ai5000000000:1"},
+                    Failure{"ai10000000000:1", zqwombat::kErrorNumberTooLarge, 903, "ai10000000000:1"},
+                    Failure{"ai1:4000000001", zqwombat::kErrorNumberTooLarge, 928, "ai1:4000000001"},
+                    Failure{"ai1:ai4000000001", zqwombat::kErrorNumberTooLarge, 966, "ai1:ai4000000001"},
+                    Failure{"4000000001:2", zqwombat::kErrorNumberTooLarge, 1038, "4000000001:2"},
+                    Failure{"1:4100000000", zqwombat::kErrorNumberTooLarge, 1064, "1:4100000000"},
+                    Failure{"ai0:", zqwombat::kErrorInvalidRange, 935, "ai0:"},
+                    Failure{"0:", zqwombat::kErrorInvalidRange, 1072, "0:"},
+                    Failure{"0:a", zqwombat::kErrorInvalidRange, 1080, "0:a"},
+                    Failure{"0:ai3", zqwombat::kErrorInvalidRange, 1080, "0:ai3"},
+                    Failure{":3", zqwombat::kErrorInvalidRange, 886, ":3"},
+                    Failure{"ai:3", zqwombat::kErrorInvalidRange, 886, "ai:3"},
+                    Failure{"a:::b", zqwombat::kErrorInvalidRange, 886, "a:::b"},
+                    Failure{"ai0:3x", zqwombat::kErrorInvalidRange, 947, "ai0:3x"},
+                    Failure{"ai0:Dev1/ai3", zqwombat::kErrorInvalidRange, 973, "ai0:Dev1/ai3"},
+                    Failure{"\xD0\x94" "0:\xD0\xB4" "1", zqwombat::kErrorInvalidRange, 973, "\xD0\x94" "0:\xD0\xB4" "1"},  // Cyrillic is not folded
+                    Failure{" x , ai:3 , y", zqwombat::kErrorInvalidRange, 886, "ai:3"},
+                    Failure{"ai0:1, ai0:bx1, ai5", zqwombat::kErrorInvalidRange, 973, "ai0:bx1"}));
 
 TEST(ListParser, ReportIsExact) {
   zqerr::Status status;
@@ -176,10 +177,10 @@ TEST(ListParser, WarningStaysOnSuccessAndGivesWayToAnError) {
   EXPECT_EQ(status.code, 200026);
 
   zqwombat::parseList("ai:3", ",", &out, &status);
-  EXPECT_EQ(status.code, -200498);
+  EXPECT_EQ(status.code, zqwombat::kErrorInvalidRange);
   EXPECT_TRUE(out.empty());
   EXPECT_EQ(zqtest::siteOf(status).line, 886);
-  EXPECT_EQ(zqtest::orderedData(status), "[" + stringItem(kUsageTypeInvalidString, "ai:3") + "]");
+  EXPECT_EQ(zqtest::items(status), "[" + stringItem(kUsageTypeInvalidString, "ai:3") + "]");
 }
 
 }  // namespace

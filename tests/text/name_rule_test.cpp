@@ -2,9 +2,10 @@
 
 #include <string>
 
-#include "report_check.h"
+#include "report_items.h"
 #include "status/report_writer.h"
 #include "text/name_rule.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -36,14 +37,14 @@ TEST_P(NameRule, CodeSiteAndItems) {
     return;
   }
   EXPECT_EQ(zqtest::siteOf(status), (zqtest::Site{"nparseutilities", c.line, "zqcai_rd_"}));
-  std::string items;
-  if (c.code >= -200555 && c.code <= -200552) {
+  std::string items = "<none>";
+  if (c.code >= zqwombat::kErrorNameBeginsWithUnderscore && c.code <= zqwombat::kErrorInvalidNameCharacter) {
     items = "[";
     if (c.position != kNoPosition)
       items += uint32Item(kUsageTypePositionOfInvalidCharacter, static_cast<uint32_t>(c.position)) + ",";
     items += stringItem(kUsageTypeInvalidString, c.utf8) + "]";
   }
-  EXPECT_EQ(zqtest::orderedData(status), items);
+  EXPECT_EQ(zqtest::items(status), items);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -53,40 +54,40 @@ INSTANTIATE_TEST_SUITE_P(
                     NameCase{1, u"a!#$&'()+;=@^`{}~_", 0, 0, kNoPosition, ""},
                     NameCase{1, u"a\u0007b", 0, 0, kNoPosition, ""},
                     NameCase{1, u"a_", 0, 0, kNoPosition, ""},
-                    NameCase{1, u"ab:cd", -200552, 658, 2, "ab:cd"},
-                    NameCase{1, u":a", -200552, 658, 0, ":a"},
-                    NameCase{1, u"a:::b", -200552, 658, 3, "a:::b"},
-                    NameCase{1, u"ab:", -200552, 658, 2, "ab:"},
-                    NameCase{1, u"::a", -200552, 689, kNoPosition, "::a"},
-                    NameCase{1, u"a::", -200552, 689, kNoPosition, "a::"},
-                    NameCase{1, u"_a", -200555, 689, kNoPosition, "_a"},
-                    NameCase{1, u" a", -200553, 689, kNoPosition, " a"},
-                    NameCase{1, u"a ", -200554, 689, kNoPosition, "a "},
-                    NameCase{1, u" _a", -200553, 689, kNoPosition, " _a"},
-                    NameCase{1, u"_a ", -200554, 689, kNoPosition, "_a "},
-                    NameCase{1, u"a.b", -200552, 658, 1, "a.b"},
-                    NameCase{1, u"a\u0008", -200552, 658, 1, "a\\b"},
-                    NameCase{1, u"ab\u007F", -200552, 658, 2, "ab\\u007f"},
-                    NameCase{1, u"a:b.c", -200552, 658, 3, "a:b.c"},  // the set is looked at before colons
-                    NameCase{1, u"\u00E4\u00F6,", -200552, 658, 2, "\xC3\xA4\xC3\xB6,"},
-                    NameCase{1, u"\U0001F600|", -200552, 658, 2, "\xF0\x9F\x98\x80|"},  // UTF-16 units
-                    NameCase{1, u"", -200467, 616, kNoPosition, ""}));
+                    NameCase{1, u"ab:cd", zqwombat::kErrorInvalidNameCharacter, 658, 2, "ab:cd"},
+                    NameCase{1, u":a", zqwombat::kErrorInvalidNameCharacter, 658, 0, ":a"},
+                    NameCase{1, u"a:::b", zqwombat::kErrorInvalidNameCharacter, 658, 3, "a:::b"},
+                    NameCase{1, u"ab:", zqwombat::kErrorInvalidNameCharacter, 658, 2, "ab:"},
+                    NameCase{1, u"::a", zqwombat::kErrorInvalidNameCharacter, 689, kNoPosition, "::a"},
+                    NameCase{1, u"a::", zqwombat::kErrorInvalidNameCharacter, 689, kNoPosition, "a::"},
+                    NameCase{1, u"_a", zqwombat::kErrorNameBeginsWithUnderscore, 689, kNoPosition, "_a"},
+                    NameCase{1, u" a", zqwombat::kErrorNameBeginsWithSpace, 689, kNoPosition, " a"},
+                    NameCase{1, u"a ", zqwombat::kErrorNameEndsWithSpace, 689, kNoPosition, "a "},
+                    NameCase{1, u" _a", zqwombat::kErrorNameBeginsWithSpace, 689, kNoPosition, " _a"},
+                    NameCase{1, u"_a ", zqwombat::kErrorNameEndsWithSpace, 689, kNoPosition, "_a "},
+                    NameCase{1, u"a.b", zqwombat::kErrorInvalidNameCharacter, 658, 1, "a.b"},
+                    NameCase{1, u"a\u0008", zqwombat::kErrorInvalidNameCharacter, 658, 1, "a\\b"},
+                    NameCase{1, u"ab\u007F", zqwombat::kErrorInvalidNameCharacter, 658, 2, "ab\\u007f"},
+                    NameCase{1, u"a:b.c", zqwombat::kErrorInvalidNameCharacter, 658, 3, "a:b.c"},  // the set is looked at before colons
+                    NameCase{1, u"\u00E4\u00F6,", zqwombat::kErrorInvalidNameCharacter, 658, 2, "\xC3\xA4\xC3\xB6,"},
+                    NameCase{1, u"\U0001F600|", zqwombat::kErrorInvalidNameCharacter, 658, 2, "\xF0\x9F\x98\x80|"},  // UTF-16 units
+                    NameCase{1, u"", zqwombat::kErrorEmptyName, 616, kNoPosition, ""}));
 
 INSTANTIATE_TEST_SUITE_P(
     OtherKinds, NameRule,
-    testing::Values(NameCase{0, u"ab:cd", -200552, 658, 2, "ab:cd"},
-                    NameCase{5, u"a*", -200552, 658, 1, "a*"},
-                    NameCase{2, u"a b", -200552, 658, 1, "a b"},
-                    NameCase{2, u"a::b", -200552, 658, 1, "a::b"},
-                    NameCase{3, u"a!b", -200552, 658, 1, "a!b"},
-                    NameCase{3, u" a", -200552, 658, 0, " a"},
-                    NameCase{3, u"_a", -200555, 689, kNoPosition, "_a"},
+    testing::Values(NameCase{0, u"ab:cd", zqwombat::kErrorInvalidNameCharacter, 658, 2, "ab:cd"},
+                    NameCase{5, u"a*", zqwombat::kErrorInvalidNameCharacter, 658, 1, "a*"},
+                    NameCase{2, u"a b", zqwombat::kErrorInvalidNameCharacter, 658, 1, "a b"},
+                    NameCase{2, u"a::b", zqwombat::kErrorInvalidNameCharacter, 658, 1, "a::b"},
+                    NameCase{3, u"a!b", zqwombat::kErrorInvalidNameCharacter, 658, 1, "a!b"},
+                    NameCase{3, u" a", zqwombat::kErrorInvalidNameCharacter, 658, 0, " a"},
+                    NameCase{3, u"_a", zqwombat::kErrorNameBeginsWithUnderscore, 689, kNoPosition, "_a"},
                     NameCase{3, u"a_b", 0, 0, kNoPosition, ""},
                     NameCase{4, std::u16string(254, u'x'), 0, 0, kNoPosition, ""},
                     NameCase{4, std::u16string(255, u'x'), -201337, 700, kNoPosition, ""},
-                    NameCase{6, u"abc", -200552, 658, 0, "abc"},
-                    NameCase{-1, u"abc", -200552, 658, 0, "abc"},
-                    NameCase{6, u"", -200467, 616, kNoPosition, ""}));
+                    NameCase{6, u"abc", zqwombat::kErrorInvalidNameCharacter, 658, 0, "abc"},
+                    NameCase{-1, u"abc", zqwombat::kErrorInvalidNameCharacter, 658, 0, "abc"},
+                    NameCase{6, u"", zqwombat::kErrorEmptyName, 616, kNoPosition, ""}));
 
 TEST(NameRule, ItemsUnderTheTranslator) {
   zqerr::Status status;
@@ -105,19 +106,19 @@ TEST(NameRule, LengthTestOfKind4RunsAfterAnEarlierFailure) {
   std::u16string name(300, u'x');
   name[3] = u'.';
   zqwombat::validateObjectName(name, &kind, &status);
-  EXPECT_EQ(status.code, -200552);
+  EXPECT_EQ(status.code, zqwombat::kErrorInvalidNameCharacter);
   EXPECT_EQ(zqtest::siteOf(status).line, 658);
   std::string utf8(300, 'x');
   utf8[3] = '.';
-  EXPECT_EQ(zqtest::orderedData(status), "[" + uint32Item(kUsageTypePositionOfInvalidCharacter, 3) + "," +
+  EXPECT_EQ(zqtest::items(status), "[" + uint32Item(kUsageTypePositionOfInvalidCharacter, 3) + "," +
                                              stringItem(kUsageTypeInvalidString, utf8) + "]");
 }
 
 TEST(NameRule, NullKindRefusesLikeAnUnknownKind) {
   zqerr::Status status;
   zqwombat::validateObjectName(u"abc", nullptr, &status);
-  EXPECT_EQ(status.code, -200552);
-  EXPECT_EQ(zqtest::orderedData(status), "[" + uint32Item(kUsageTypePositionOfInvalidCharacter, 0) + "," +
+  EXPECT_EQ(status.code, zqwombat::kErrorInvalidNameCharacter);
+  EXPECT_EQ(zqtest::items(status), "[" + uint32Item(kUsageTypePositionOfInvalidCharacter, 0) + "," +
                                              stringItem(kUsageTypeInvalidString, "abc") + "]");
 }
 

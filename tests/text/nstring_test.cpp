@@ -5,6 +5,7 @@
 
 #include "platform/platform.h"
 #include "text/nstring.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -83,16 +84,16 @@ TEST_P(LowerRoutineFailure, CodeAndSite) {
 
 INSTANTIATE_TEST_SUITE_P(
     Sites, LowerRoutineFailure,
-    testing::Values(Failure{"TooLong", true, 65001, 0x80000000u, 0, false, false, -52005, 1707},
-                    Failure{"NoRoom", true, 65001, 3, 0, true, false, -52019, 1723},
-                    Failure{"Short", true, 65001, 3, 2, true, false, -52019, 1735},
-                    Failure{"BadPage", true, 65535, 3, 0, false, false, -200811, 1739},
-                    Failure{"NoTerminator", true, 65001, 3, 3, true, true, -52019, 1746},
-                    Failure{"WideTooLong", false, 65001, 0x80000000u, 0, false, false, -52005, 1762},
-                    Failure{"WideNoRoom", false, 65001, 3, 0, true, false, -52019, 1778},
-                    Failure{"WideShort", false, 65001, 3, 2, true, false, -52019, 1791},
-                    Failure{"WideBadPage", false, 65535, 3, 0, false, false, -200810, 1795},
-                    Failure{"WideNoTerminator", false, 65001, 3, 3, true, true, -52019, 1802}),
+    testing::Values(Failure{"TooLong", true, 65001, 0x80000000u, 0, false, false, zqapalerr_invalidParameter, 1707},
+                    Failure{"NoRoom", true, 65001, 3, 0, true, false, zqapalerr_bufferTooSmall, 1723},
+                    Failure{"Short", true, 65001, 3, 2, true, false, zqapalerr_bufferTooSmall, 1735},
+                    Failure{"BadPage", true, 65535, 3, 0, false, false, zqwombat::kErrorCannotReadInput, 1739},
+                    Failure{"NoTerminator", true, 65001, 3, 3, true, true, zqapalerr_bufferTooSmall, 1746},
+                    Failure{"WideTooLong", false, 65001, 0x80000000u, 0, false, false, zqapalerr_invalidParameter, 1762},
+                    Failure{"WideNoRoom", false, 65001, 3, 0, true, false, zqapalerr_bufferTooSmall, 1778},
+                    Failure{"WideShort", false, 65001, 3, 2, true, false, zqapalerr_bufferTooSmall, 1791},
+                    Failure{"WideBadPage", false, 65535, 3, 0, false, false, zqwombat::kErrorCannotWriteOutput, 1795},
+                    Failure{"WideNoTerminator", false, 65001, 3, 3, true, true, zqapalerr_bufferTooSmall, 1802}),
     [](const testing::TestParamInfo<Failure>& info) { return std::string(info.param.name); });
 
 TEST(LowerRoutines, TerminatedInputEndsAtItsZero) {
@@ -199,7 +200,7 @@ TEST(Conversions, TooLongInputIsAnInvalidParameter) {
   FixedStatus status = zqerr::makeFixedStatus();
   std::string out = "x";
   zqwombat::systemTextToUtf8("abc", 0x80000000u, &out, &status);
-  EXPECT_EQ(status.code, -52005);
+  EXPECT_EQ(status.code, zqapalerr_invalidParameter);
   EXPECT_EQ(status.line, 1707u);
   EXPECT_EQ(out, "");
 }

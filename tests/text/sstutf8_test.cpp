@@ -5,6 +5,7 @@
 
 #include "platform/platform.h"
 #include "text/sstutf8.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -162,9 +163,9 @@ class RefusingSink final : public zqsstutf8::ByteSink {
 
 TEST(LanguageEncodings, SinkFailureIsMemoryFull) {
   RefusingSink sink;
-  EXPECT_EQ(zqsstutf8::mbsToUtf8("abc", 1, sink), -52000);
-  EXPECT_EQ(zqsstutf8::mbsToUtf8("caf\xE9", 1, sink), -52000);
-  EXPECT_EQ(zqsstutf8::utf8ToMbs("caf\xC3\xA9", 1, sink), -52000);
+  EXPECT_EQ(zqsstutf8::mbsToUtf8("abc", 1, sink), zqapalerr_memoryFull);
+  EXPECT_EQ(zqsstutf8::mbsToUtf8("caf\xE9", 1, sink), zqapalerr_memoryFull);
+  EXPECT_EQ(zqsstutf8::utf8ToMbs("caf\xC3\xA9", 1, sink), zqapalerr_memoryFull);
 }
 
 struct Transcoding {
