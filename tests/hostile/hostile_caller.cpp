@@ -94,15 +94,23 @@ void Caller::end(int32 status) {
 }
 
 void Caller::checkReport(int32 status) {
-  const int32 size = VorexInternalGetLastErrorDescription(1, 0, nullptr, 0);
+  // The failure is recorded: the thread's extended error info tells at least the code's text.
+  const int32 infoSize = VorexGetExtendedErrorInfo(nullptr, 0);
+  if (infoSize <= 1) {
+    fault("failed with " + std::to_string(status) + " and left no extended error info");
+    return;
+  }
+  // The report, through the translator's description of it, which a malformed report could not
+  // give as JSON.
+  const int32 size = VorexInternalGetLastErrorDescription(0, 0, nullptr, 0);
   if (size <= 0) {
-    fault("failed with " + std::to_string(status) + " and left no report (size query gave " +
-          std::to_string(size) + ")");
+    fault("failed with " + std::to_string(status) + " and its report has no description: " + std::to_string(size));
     return;
   }
   std::string text(static_cast<size_t>(size), '\0');
-  const int32 copied = VorexInternalGetLastErrorDescription(1, 0, text.data(), static_cast<uInt32>(size));
+  const int32 copied = VorexInternalGetLastErrorDescription(0, 0, text.data(), static_cast<uInt32>(text.size()));
   text.resize(std::strlen(text.c_str()));
+  ++reports_;
   if (copied != 0 || !isStrictJson(text))
     fault("failed with " + std::to_string(status) + " and its report is no JSON (" + std::to_string(copied) +
           "): " + text.substr(0, 200));

@@ -56,6 +56,7 @@ class Caller {
   void finishExport();
 
   uint64_t calls() const { return calls_; }
+  uint64_t reports() const { return reports_; }  // failures whose report was parsed
   const std::vector<std::string>& faults() const { return faults_; }
   // What ran last, for the hang guard.
   std::string current() const;
@@ -74,6 +75,7 @@ class Caller {
   const char* parameter_ = "";
   const char* label_ = "";
   uint64_t calls_ = 0;
+  uint64_t reports_ = 0;
   std::atomic<uint64_t> progress_{0};
   std::vector<std::string> faults_;
 };

@@ -15,6 +15,7 @@
 
 #include "e2e_harness.h"
 #include "hostile_caller.h"
+#include "installation.h"
 
 namespace {
 
@@ -64,6 +65,8 @@ class HangGuard {
 
 TEST(HostileInput, EveryExportReturnsAStatusWithAReport) {
   zqe2e::pluginSymbol("zqtestDrive_testCounter");  // the installation, made before the first call
+  zqtest::TranslatorFolder translators;  // the translator describes each failure's report
+  translators.install(ZQ_TEST_XLATOR);
   const std::vector<zqhostile::Export> exports = allExports();
   zqhostile::Caller caller;
   {
@@ -75,9 +78,12 @@ TEST(HostileInput, EveryExportReturnsAStatusWithAReport) {
   }
   size_t skipped = 0;
   for (const zqhostile::Skipped* s = zqhostile_skipped; s->name; ++s) ++skipped;
-  std::printf("hostile input: %llu calls of %zu exports (%zu variadic exports not called)\n",
-              static_cast<unsigned long long>(caller.calls()), exports.size(), skipped);
+  std::printf("hostile input: %llu calls of %zu exports, %llu reports parsed as JSON (%zu variadic "
+              "exports not called)\n",
+              static_cast<unsigned long long>(caller.calls()), exports.size(),
+              static_cast<unsigned long long>(caller.reports()), skipped);
   EXPECT_GT(exports.size(), 2000u);
+  EXPECT_GT(caller.reports(), 0u) << "no report was checked";
   const auto& faults = caller.faults();
   for (size_t i = 0; i < faults.size() && i < 100; ++i) ADD_FAILURE() << faults[i];
   EXPECT_EQ(faults.size(), 0u);
