@@ -2,7 +2,10 @@
  *
  * A task handle is valid from the return of VorexCreateTask or VorexLoadTask to the call of
  * VorexClearTask; the library does not look a handle up, so a handle must not be used after it
- * was cleared. Task names are unique in the process whatever their case. */
+ * was cleared. What the library checks without a lookup: a null handle, and a handle whose
+ * memory is zeroed, give -200088 or -200230 from every function; VorexClearTask alone looks the
+ * handle up, so a second clear of a handle gives -200088 and leaves every other task alone.
+ * Task names are unique in the process whatever their case. */
 #ifndef ZQCAI_RD_MBCS_TASKS_H
 #define ZQCAI_RD_MBCS_TASKS_H
 

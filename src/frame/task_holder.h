@@ -1,7 +1,11 @@
 // The task of one call: the handle is the task object's address, and the object's weak
-// self-reference gives the call its own strong reference. No pool lookup, no lock.
+// self-reference gives the call its own strong reference. No pool lookup, no lock. A handle
+// that is no task cannot be told without a lookup, save one whose memory is zeroed: a task
+// object's first word, its table of operations, never is, so such a handle is refused rather
+// than called through.
 #pragma once
 
+#include <cstring>
 #include <memory>
 
 #include "status/status.h"
@@ -18,6 +22,12 @@ class TaskHolder {
     if (!zqerr::isOpen(status)) return;
     if (!handle) {
       ZQ_FAIL(status, kGlobalsNullHandle);
+      return;
+    }
+    void* firstWord = nullptr;
+    std::memcpy(&firstWord, handle, sizeof firstWord);
+    if (!firstWord) {
+      ZQ_FAIL(status, kGlobalsNotATask);
       return;
     }
     task_ = static_cast<Task*>(handle)->sharedFromThis();

@@ -1,5 +1,7 @@
 #include "lifecycle/task_control.h"
 
+#include <utility>
+
 #include "frame/task_holder.h"
 #include "globals/shared_globals.h"
 #include "status/error_sites.h"
@@ -75,6 +77,12 @@ void controlTask(zqvorexRedir::ITask& task, TaskHandle handle, int32_t action, z
 }
 
 void clearTask(ICTaskEventsList& events, TaskHandle handle, zqerr_Status* status) {
+  // The pool knows every live handle, so a clear of one already cleared (or of any address that
+  // is no task) is refused before anything touches the object.
+  auto pool = getTaskPool(status);
+  if (!pool) return;
+  std::shared_ptr<zqvorexRedir::ITask> task = pool->getTask(handle, status);
+  if (!task) return;
   const int32_t state = events.getRegistrationState(handle);
   if (state < 0) {
     ZQ_FAIL(status, kCtaskClearForeignThread);
@@ -88,11 +96,8 @@ void clearTask(ICTaskEventsList& events, TaskHandle handle, zqerr_Status* status
   // Its actions are retired: with nothing queued for a sentinel to pass, the mark goes now, so
   // that a later task at the same address does not start out marked.
   if (state == 0) events.clearMark(handle);
-  auto pool = getTaskPool(status);
-  zqframe::TaskHolder<zqvorexRedir::ITask> task(handle, status);
-  if (!pool || !task) return;
   zqerr::Status removed;
-  pool->removeTask(task.shared(), &removed);
+  pool->removeTask(std::move(task), &removed);
   zqerr::adopt(status, &removed);
 }
 
