@@ -167,7 +167,7 @@ TEST(GenericEntries, EveryOtherIdIsNotValid) {
 // A bad handle: an id the entry takes goes on to the accessor, which reports the handle; any
 // other id keeps the handle's code, without the id.
 TEST(GenericEntries, ABadHandleWinsOverAnUnknownId) {
-  int32 value = 5;
+  float64 value = 5;  // AIMax is a float64: a failure zeroes all of it
   clearLastError();
   EXPECT_EQ(VorexGetChanAttribute(nullptr, "", Vorex_AIMax, &value), -200230);
   clearLastError();
