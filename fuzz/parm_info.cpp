@@ -141,13 +141,13 @@ void program(zqtest::RecordingTask& task, uint8_t kind, std::string_view payload
     }
     case 5: {
       std::vector<double> numbers(payload.size() / 8);
-      std::memcpy(numbers.data(), payload.data(), numbers.size() * 8);
+      if (!numbers.empty()) std::memcpy(numbers.data(), payload.data(), numbers.size() * 8);
       reply.numbers(std::move(numbers));
       break;
     }
     case 6: {
       std::vector<int32_t> integers(payload.size() / 4);
-      std::memcpy(integers.data(), payload.data(), integers.size() * 4);
+      if (!integers.empty()) std::memcpy(integers.data(), payload.data(), integers.size() * 4);
       reply.integers(std::move(integers));
       break;
     }

