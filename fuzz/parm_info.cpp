@@ -117,14 +117,20 @@ VorexParmSlot boundedSize(VorexParmSlot slot) { return (slot & 0xFFFFFFFF0000000
 // Programs the double's answer to every operation from one byte and the payload. The double
 // converts a number to the operation's own type, so only a float64 operation is answered with
 // any bits: a float outside an integer's range would be the double's fault, not the library's.
-void program(zqtest::RecordingTask& task, uint8_t kind, std::string_view payload, bool anyFloat) {
+// A list answers in the element type of the operation's list, as a plug-in must.
+void program(zqtest::RecordingTask& task, uint8_t kind, std::string_view payload, const ValueType* type) {
+  const bool anyFloat = type && (*type == ValueType::kF64 || *type == ValueType::kF64Array);
+  uint8_t answer = kind % 8;
+  if (answer >= 4 && answer <= 6) {
+    answer = type && *type == ValueType::kF64Array ? 5 : type && *type == ValueType::kI32Array ? 6 : 4;
+  }
   task.clearReplies();
   zqtest::Reply& reply = task.onAny();
   uint64_t bits = 0;
   std::memcpy(&bits, payload.data(), std::min(payload.size(), sizeof bits));
   double number;
   std::memcpy(&number, &bits, sizeof number);
-  switch (kind % 8) {
+  switch (answer) {
     case 0: reply.value(anyFloat ? number : static_cast<double>(static_cast<uint16_t>(bits))); break;
     case 1: reply.value(static_cast<int64_t>(bits)); break;
     case 2: reply.value(bits); break;
@@ -187,7 +193,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const std::string payload(reinterpret_cast<const char*>(data + kHeader), size - kHeader);
   const auto known = catalogue.types.find(id);
   const ValueType* type = known == catalogue.types.end() ? nullptr : &known->second;
-  program(*task, data[24], payload, type && (*type == ValueType::kF64 || *type == ValueType::kF64Array));
+  program(*task, data[24], payload, type);
   const bool nullPointer = flags & kNullPointer;
   // What a Set's pointer slot points at: the payload as text, as an array, as a time record.
   std::vector<uint64_t> words((payload.size() + 7) / 8 + 2);
