@@ -27,4 +27,4 @@ bash "$here/scripts/wine-init.sh"
 (cd "$here/build/win64" && ctest --output-on-failure -j 2)
 
 echo "== fuzz =="
-bash "$here/scripts/fuzz.sh" "${ZQ_FUZZ_SECONDS:-15}"
+bash "$here/scripts/fuzz.sh" "${ZQ_FUZZ_SECONDS:-10}"

@@ -20,7 +20,9 @@ uint64_t mix(uint64_t x) {
   return x ^ (x >> 31);
 }
 
-double fraction(double x) { return x - std::floor(x); }
+// A phase so far out that it no longer holds a fraction (a huge frequency weeks into a run)
+// counts as the start of a period, so that the volts stay numbers.
+double fraction(double x) { return std::isfinite(x) ? x - std::floor(x) : 0.0; }
 
 bool readCsv(const std::string& path, uint32_t column, Recording& out, std::string* error) {
   std::ifstream in(path, std::ios::binary);
@@ -42,7 +44,8 @@ bool readCsv(const std::string& path, uint32_t column, Recording& out, std::stri
       rest.remove_prefix(comma + 1);
     }
     if (cells.empty() || cells[0][0] == '#') continue;
-    const auto value = column < cells.size() ? parseReal(cells[column]) : std::nullopt;
+    auto value = column < cells.size() ? parseReal(cells[column]) : std::nullopt;
+    if (value && !std::isfinite(*value)) value.reset();  // "nan" and "inf" are no volts to play
     if (!value) {
       // A heading on the first line is no sample.
       if (number == 1 && out.empty()) continue;
@@ -71,6 +74,10 @@ bool readRaw(const std::string& path, Recording& out, std::string* error) {
     T sample;
     std::memcpy(&sample, bytes.data() + i * sizeof(T), sizeof(T));
     out[i] = static_cast<double>(sample);
+    if (!std::isfinite(out[i])) {
+      *error = "sample " + std::to_string(i) + " is not a finite number";
+      return false;
+    }
   }
   return true;
 }
@@ -133,7 +140,7 @@ double Waveform::shape(double tau, double origin) const {
   if (!recording_ || recording_->empty()) return 0;
   const double position = std::floor((tau - origin) * setting_.rate + 1e-9);
   const auto size = static_cast<double>(recording_->size());
-  const double index = position < 0 ? 0 : std::fmod(position, size);
+  const double index = position >= 0 && std::isfinite(position) ? std::fmod(position, size) : 0;
   return (*recording_)[static_cast<size_t>(index)] * setting_.scale;
 }
 
