@@ -25,16 +25,19 @@ auto callOp(typename OpTraits<decltype(Op)>::Task* task, const char* channel, zq
             int32_t id, Args... args) {
   using Traits = OpTraits<decltype(Op)>;
   if constexpr (Traits::kTakesList) {
-    NameList names;
-    parseChannelArgument(channel, &names, status);
     using Result = typename Traits::Result;
-    if (!zqerr::isOpen(status)) {
-      if constexpr (std::is_void_v<Result>)
-        return;
-      else
-        return Result{};
+    NameList names;
+    // Most accessors have no channel: their empty list needs no parser.
+    if (channel && *channel) {
+      parseChannelArgument(channel, &names, status);
+      if (!zqerr::isOpen(status)) {
+        if constexpr (std::is_void_v<Result>)
+          return;
+        else
+          return Result{};
+      }
     }
-    typename Traits::FirstArg view(names);
+    const typename Traits::FirstArg view(names);
     return (task->*Op)(view, id, args..., status);
   } else {
     (void)channel;
