@@ -26,18 +26,14 @@ auto callOp(typename OpTraits<decltype(Op)>::Task* task, const char* channel, zq
   using Traits = OpTraits<decltype(Op)>;
   if constexpr (Traits::kTakesList) {
     using Result = typename Traits::Result;
+    using View = typename Traits::FirstArg;
+    if (!zqerr::isOpen(status)) return Result();
+    // Most accessors have no channel: their empty list needs neither parser nor list.
+    if (!channel || !*channel) return (task->*Op)(View(), id, args..., status);
     NameList names;
-    // Most accessors have no channel: their empty list needs no parser.
-    if (channel && *channel) {
-      parseChannelArgument(channel, &names, status);
-      if (!zqerr::isOpen(status)) {
-        if constexpr (std::is_void_v<Result>)
-          return;
-        else
-          return Result{};
-      }
-    }
-    const typename Traits::FirstArg view(names);
+    parseChannelArgument(channel, &names, status);
+    if (!zqerr::isOpen(status)) return Result();
+    const View view(names);
     return (task->*Op)(view, id, args..., status);
   } else {
     (void)channel;
