@@ -8,71 +8,14 @@
 // when the task allocates.
 #include <benchmark/benchmark.h>
 
-#include <cstring>
-#include <memory>
-
 #include "side_by_side.h"
+#include "bound_task.h"
 #include "boundary/array_buffer_adapter.h"
 #include "boundary/array_view.h"
-#include "contexts/context.h"
-#include "plugin/plugin_handles.h"
-#include "plugin/plugin_manager.h"
-#include "task/task.h"
 
 namespace {
 
-using zqvorexRedir::Plugin;
-using zqvorexRedir::Task;
-
-int taskObject;
-int contextObject;
-
-uint64_t bufferSize(zqvorexPlugin_Task_undefined*, const zqgopher_ArrayView*, int32_t, zqerr_Status*) {
-  return 4096;
-}
-uint32_t readScaled(zqvorexPlugin_Task_undefined*, uint32_t, zqgopher_IArrayBuffer*, const zqvorexPlugin_ReadLayout*,
-                    int64_t numSampsPerChan, double, void*, zqerr_Status*) {
-  return static_cast<uint32_t>(numSampsPerChan);
-}
-void destroyNothing(void*, zqerr_Status*) {}
-
-template <class Fn>
-void bindSlot(Plugin& plugin, const char* name, Fn function) {
-  for (size_t i = 0; i < Plugin::kOperationCount; ++i)
-    if (std::strcmp(Plugin::kNames[i], name) == 0) plugin.setSlot(i, reinterpret_cast<void*>(function));
-}
-
-class NoPlugins final : public zqvorexRedir::IPluginManager {
- public:
-  std::shared_ptr<Plugin> getPlugin(std::string_view, zqerr_Status*) override { return nullptr; }
-  std::shared_ptr<Plugin> getPluginFromPath(std::string_view, zqerr_Status*) override { return nullptr; }
-  void clear() override {}
-};
-
-// A task bound to a plug-in whose operations answer at once.
-struct BoundTask {
-  std::shared_ptr<Plugin> plugin = std::make_shared<Plugin>();
-  std::shared_ptr<Task> task;
-
-  BoundTask() {
-    bindSlot(*plugin, "getBufferAttributeSize", &bufferSize);
-    bindSlot(*plugin, "readScaledVectorF64", &readScaled);
-    bindSlot(*plugin, "destroyTask", &destroyNothing);
-    bindSlot(*plugin, "destroyContext", &destroyNothing);
-    zqvorexRedir::TaskParts parts;
-    parts.context = std::make_shared<zqvorexRedir::Context>("127.0.0.1");
-    parts.pluginManager = std::make_shared<NoPlugins>();
-    parts.name = "bench";
-    task = std::make_shared<Task>(std::move(parts));
-    using namespace zqvorexRedir;
-    task->setPlugin(plugin, "bench");
-    task->setPluginContext(holdPluginHandle<PluginContextDeleter>(
-        reinterpret_cast<zqvorexPlugin_Context_undefined*>(&contextObject), plugin));
-    task->setPluginTask(
-        holdPluginHandle<PluginTaskDeleter>(reinterpret_cast<zqvorexPlugin_Task_undefined*>(&taskObject), plugin));
-  }
-  zqvorexPlugin_Task_undefined* handle() const { return reinterpret_cast<zqvorexPlugin_Task_undefined*>(&taskObject); }
-};
+using zqbench::BoundTask;
 
 template <class ThroughTask, class Direct>
 void compare(benchmark::State& state, ThroughTask throughTask, Direct direct) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "boundary/name_list.h"
 #include "status/status.h"
 #include "zqgopher_boundary.h"
 
@@ -50,19 +51,42 @@ class ArrayViewAdapter : public zqgopher_ArrayView {
   const T& operator[](uint64_t index) const noexcept { return begin()[index]; }
 };
 
-// A list of names as a plug-in sees it: a view of text pointers into the source list, followed
-// by the vector that owns those pointers. The source list must outlive the view.
+// A list of names as a plug-in sees it: a view of text pointers into the source list. A list
+// of one name keeps its pointer in place; a longer one is followed by the vector that owns its
+// pointers. The source list must outlive the view.
 class StringArrayView : public ArrayViewAdapter<const char*> {
  public:
   StringArrayView() noexcept = default;
-  // An empty list gives the null view and allocates nothing.
-  explicit StringArrayView(const std::vector<std::string>& names);
+  // An empty list gives the null view; neither it nor a list of one name allocates.
+  explicit StringArrayView(const std::vector<std::string>& names) { show(names); }
+  explicit StringArrayView(const NameList& names) {
+    if (names.isShort())
+      showOne(names.shortName());
+    else
+      show(names.names());
+  }
   StringArrayView(StringArrayView&& other) noexcept;
   StringArrayView& operator=(StringArrayView&& other) noexcept;
   StringArrayView(const StringArrayView&) = delete;
   StringArrayView& operator=(const StringArrayView&) = delete;
 
  private:
+  void showOne(const char* name) noexcept {
+    one_ = name;
+    data = &one_;
+    count = 1;
+  }
+  void show(const std::vector<std::string>& names) {
+    if (names.size() == 1)
+      showOne(names.front().c_str());
+    else if (!names.empty())
+      showAll(names);
+  }
+  void showAll(const std::vector<std::string>& names);
+  // Takes over what `other` shows and leaves it empty.
+  void take(StringArrayView& other) noexcept;
+
+  const char* one_ = nullptr;
   std::vector<const char*> pointers_;
 };
 

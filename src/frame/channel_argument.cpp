@@ -5,6 +5,7 @@
 
 #include "text/list_parser.h"
 #include "text/nstring.h"
+#include "text/trim_split.h"
 
 namespace zqframe {
 
@@ -18,6 +19,17 @@ bool isAscii(std::string_view text) {
          std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+// A text without a delimiter or a range colon is one name, trimmed, or none when it is all white
+// space: the list parser would give the same, and a short one is kept in place.
+bool takeSingleName(std::string_view text, NameList* names) {
+  if (text.find_first_of(",:") != std::string_view::npos) return false;
+  size_t begin = 0, end = text.size();
+  while (begin < end && zqwombat::isWhite(static_cast<unsigned char>(text[begin]))) ++begin;
+  while (end > begin && zqwombat::isWhite(static_cast<unsigned char>(text[end - 1]))) --end;
+  if (begin == end) return true;
+  return names->assignShort(text.substr(begin, end - begin));
+}
+
 }  // namespace
 
 void parseChannelArgument(const char* channel, NameList* names, zqerr_Status* status) {
@@ -29,7 +41,7 @@ void parseChannelArgument(const char* channel, NameList* names, zqerr_Status* st
   // Most channel lists are ASCII, which reads the same in every system code page: parsed as
   // they stand, they cost no conversion and no copy.
   if (isAscii(text)) {
-    zqwombat::parseCommaList(text, names, status);
+    if (!takeSingleName(text, names)) zqwombat::parseCommaList(text, names->vector(), status);
     return;
   }
   std::string utf8;
@@ -37,7 +49,7 @@ void parseChannelArgument(const char* channel, NameList* names, zqerr_Status* st
     zqerr::StatusBridge bridge(status);
     zqwombat::systemTextToUtf8(text.data(), text.size(), &utf8, bridge.fixed());
   }
-  zqwombat::parseCommaList(utf8, names, status);
+  zqwombat::parseCommaList(utf8, names->vector(), status);
 }
 
 }  // namespace zqframe

@@ -2,14 +2,12 @@
 // UTF-8 names. A null argument is the empty list.
 #pragma once
 
-#include <string>
-#include <vector>
-
+#include "boundary/name_list.h"
 #include "status/status.h"
 
 namespace zqframe {
 
-using NameList = std::vector<std::string>;
+using NameList = zqgopher::NameList;
 
 void parseChannelArgument(const char* channel, NameList* names, zqerr_Status* status);
 

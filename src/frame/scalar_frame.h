@@ -25,16 +25,15 @@ auto callOp(typename OpTraits<decltype(Op)>::Task* task, const char* channel, zq
             int32_t id, Args... args) {
   using Traits = OpTraits<decltype(Op)>;
   if constexpr (Traits::kTakesList) {
+    using Result = typename Traits::Result;
+    using View = typename Traits::FirstArg;
+    if (!zqerr::isOpen(status)) return Result();
+    // Most accessors have no channel: their empty list needs neither parser nor list.
+    if (!channel || !*channel) return (task->*Op)(View(), id, args..., status);
     NameList names;
     parseChannelArgument(channel, &names, status);
-    using Result = typename Traits::Result;
-    if (!zqerr::isOpen(status)) {
-      if constexpr (std::is_void_v<Result>)
-        return;
-      else
-        return Result{};
-    }
-    typename Traits::FirstArg view(names);
+    if (!zqerr::isOpen(status)) return Result();
+    const View view(names);
     return (task->*Op)(view, id, args..., status);
   } else {
     (void)channel;

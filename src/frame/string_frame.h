@@ -164,7 +164,7 @@ int32_t setStringList(const AccessorInfo& info, TaskHandle handle, const char* c
   using Task = typename OpTraits<decltype(Op)>::Task;
   return detail::textSet<Op>(info, handle, channel, data,
                              [&](Task* task, const std::string& value, zqerr_Status* status) {
-                               NameList items;
+                               std::vector<std::string> items;
                                zqwombat::parseCommaList(value, &items, status);
                                if (!zqerr::isOpen(status)) return;
                                const zqgopher::StringArrayView view(items);

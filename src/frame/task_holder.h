@@ -18,27 +18,31 @@ using TaskHandle = void*;
 template <class Task>
 class TaskHolder {
  public:
-  TaskHolder(TaskHandle handle, zqerr_Status* status) {
-    if (!zqerr::isOpen(status)) return;
-    if (!handle) {
-      ZQ_FAIL(status, kGlobalsNullHandle);
-      return;
-    }
-    void* firstWord = nullptr;
-    std::memcpy(&firstWord, handle, sizeof firstWord);
-    if (!firstWord) {
-      ZQ_FAIL(status, kGlobalsNotATask);
-      return;
-    }
-    task_ = static_cast<Task*>(handle)->sharedFromThis();
-    if (!task_) zqerr::setPlain(status, zqpalerr_badPointer, zqsite::kSharedFromThisExpired.location);
-  }
+  TaskHolder(TaskHandle handle, zqerr_Status* status) : task_(take(handle, status)) {}
   Task* get() const { return task_.get(); }
   const std::shared_ptr<Task>& shared() const { return task_; }
   Task* operator->() const { return task_.get(); }
   explicit operator bool() const { return task_ != nullptr; }
 
  private:
+  // Made in place: no second shared reference to move from.
+  static std::shared_ptr<Task> take(TaskHandle handle, zqerr_Status* status) {
+    if (!zqerr::isOpen(status)) return nullptr;
+    if (!handle) {
+      ZQ_FAIL(status, kGlobalsNullHandle);
+      return nullptr;
+    }
+    void* firstWord = nullptr;
+    std::memcpy(&firstWord, handle, sizeof firstWord);
+    if (!firstWord) {  // zeroed memory is no object: refused before any call through it
+      ZQ_FAIL(status, kGlobalsNotATask);
+      return nullptr;
+    }
+    std::shared_ptr<Task> task = static_cast<Task*>(handle)->sharedFromThis();
+    if (!task) zqerr::setPlain(status, zqpalerr_badPointer, zqsite::kSharedFromThisExpired.location);
+    return task;
+  }
+
   std::shared_ptr<Task> task_;
 };
 

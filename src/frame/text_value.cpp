@@ -1,6 +1,8 @@
 #include "frame/text_value.h"
 
 #include <cstring>
+#include <string>
+#include <vector>
 
 #include "frame/channel_argument.h"
 #include "frame/scalar_frame.h"
@@ -25,7 +27,7 @@ std::string textValueArgument(const char* data, zqerr_Status* status) {
 
 void requireOneTerminal(const AccessorInfo& info, const std::string& value, zqerr_Status* status) {
   if (!zqerr::isOpen(status)) return;
-  NameList terminals;
+  std::vector<std::string> terminals;
   zqwombat::parseCommaList(value, &terminals, status);
   if (!zqerr::isOpen(status) || terminals.size() <= 1) return;
   if (!zqerr::setWithLocation(status, nZQMSTS100::kErrorMoreThanOneTerminal,

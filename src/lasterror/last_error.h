@@ -67,8 +67,14 @@ class LastErrorRecorder {
       : status_(status), task_(task), taskNameText_(taskNameText) {}
   LastErrorRecorder(const LastErrorRecorder&) = delete;
   LastErrorRecorder& operator=(const LastErrorRecorder&) = delete;
+  // A success only tests the code: the record is touched on a failure alone.
   ~LastErrorRecorder() {
-    if (status_->code >= 0) return;
+    if (status_->code < 0) [[unlikely]]
+      storeFailure();
+  }
+
+ private:
+  void storeFailure() const {
     ExtendedErrorInfo* record = recordFailure(*status_);
     if (!record) return;
     if (task_) {
@@ -82,7 +88,6 @@ class LastErrorRecorder {
     }
   }
 
- private:
   const zqerr_Status* status_;
   const Task* task_;
   const char* taskNameText_;

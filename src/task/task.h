@@ -38,14 +38,17 @@ class Task final : public ITask, public std::enable_shared_from_this<Task> {
   Task& operator=(const Task&) = delete;
 
   void lock(zqerr_Status* status) override;
-  void lock() override;
-  void unlock() override;
+  // In line: every forwarded operation runs them.
+  void lock() override { lock_.lock(); }
+  void unlock() override {
+    lock_.unlock([this](uint32_t bits) { return debug_.takeOut(bits); });
+  }
   const Text& getName() const override { return identity_.name; }
   std::shared_ptr<IContext> getContext() override { return identity_.context; }
   std::shared_ptr<IContext> getContext() const override { return identity_.context; }
   EventTokens getEvents(int32_t eventId, zqerr_Status* status) override;
-  std::shared_ptr<ITask> sharedFromThis() override { return weak_from_this().lock(); }
-  std::shared_ptr<const ITask> sharedFromThis() const override { return weak_from_this().lock(); }
+  std::shared_ptr<ITask> sharedFromThis() override;
+  std::shared_ptr<const ITask> sharedFromThis() const override;
 
 #define ZQ_TASK_OP(result, op, params, args) result op params override;
 #include "task/itask_overrides.inc"

@@ -22,16 +22,15 @@ class TaskLock {
   // At the last unlock with a release pending, `takeOut(bits)` runs under the mutex and gives
   // back what is to go; that goes only once the mutex is free, since its destruction may call
   // back into the task.
+  // The usual unlock stays in line; the release is out of the way.
   template <class TakeOut>
   void unlock(TakeOut&& takeOut) {
-    if (deferred_ == 0 || depth_ > 1) {
+    if (deferred_ == 0 || depth_ > 1) [[likely]] {
       --depth_;
       mutex_.unlock();
       return;
     }
-    --depth_;
-    auto released = takeOut(std::exchange(deferred_, 0u));
-    mutex_.unlock();
+    unlockReleasing(takeOut);
   }
 
   // Only a holder of the mutex asks, or looks.
@@ -41,6 +40,13 @@ class TaskLock {
   int32_t depth() const { return depth_; }
 
  private:
+  template <class TakeOut>
+  void unlockReleasing(TakeOut& takeOut) {
+    --depth_;
+    auto released = takeOut(std::exchange(deferred_, 0u));
+    mutex_.unlock();
+  }
+
   std::recursive_mutex mutex_;
   int32_t depth_ = 0;
   uint32_t deferred_ = 0;

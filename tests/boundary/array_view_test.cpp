@@ -90,4 +90,37 @@ TEST(StringArrayView, MovingKeepsThePointers) {
   EXPECT_EQ(third[1], names[1].c_str());
 }
 
+TEST(StringArrayView, OneNameIsShownWithoutAVector) {
+  std::vector<std::string> names{"Dev1/ai0"};
+  StringArrayView first(names);
+  ASSERT_EQ(first.count, 1u);
+  EXPECT_EQ(first[0], names[0].c_str());
+
+  // The pointer kept in place moves with the view.
+  StringArrayView second(std::move(first));
+  ASSERT_EQ(second.count, 1u);
+  EXPECT_EQ(second[0], names[0].c_str());
+  EXPECT_EQ(first.count, 0u);
+  StringArrayView third;
+  third = std::move(second);
+  ASSERT_EQ(third.count, 1u);
+  EXPECT_EQ(third[0], names[0].c_str());
+  EXPECT_EQ(zqgopher_ArrayView_strings(&third)[0], names[0].c_str());
+}
+
+TEST(StringArrayView, ShowsANameListInEitherForm) {
+  zqgopher::NameList list;
+  ASSERT_TRUE(list.assignShort("Dev1/ai0"));
+  StringArrayView inPlace(list);
+  ASSERT_EQ(inPlace.count, 1u);
+  EXPECT_EQ(inPlace[0], list.shortName());
+
+  *list.vector() = {"Dev1/ai0", "Dev1/ai1"};
+  StringArrayView fromVector(list);
+  ASSERT_EQ(fromVector.count, 2u);
+  EXPECT_EQ(fromVector[1], list.names()[1].c_str());
+  EXPECT_FALSE(list.assignShort(std::string(zqgopher::NameList::kShortCapacity + 1, 'a')));
+  EXPECT_EQ(list.size(), 2u);
+}
+
 }  // namespace
