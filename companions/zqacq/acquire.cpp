@@ -16,14 +16,14 @@ namespace {
 
 // --trigger SOURCE is a digital rising edge; SOURCE,LEVEL an analog edge, rising unless
 // SOURCE,LEVEL,falling.
-void configureTrigger(TaskHandle task, const std::string& spec) {
-  const size_t comma = spec.find(',');
+void configureTrigger(TaskHandle task, const std::string& option) {
+  const size_t comma = option.find(',');
   if (comma == std::string::npos) {
-    check(VorexCfgDigEdgeStartTrig(task, spec.c_str(), Vorex_Val_Rising));
+    check(VorexCfgDigEdgeStartTrig(task, option.c_str(), Vorex_Val_Rising));
     return;
   }
-  const std::string source = spec.substr(0, comma);
-  std::string rest = spec.substr(comma + 1);
+  const std::string source = option.substr(0, comma);
+  std::string rest = option.substr(comma + 1);
   int32 slope = Vorex_Val_Rising;
   const size_t second = rest.find(',');
   if (second != std::string::npos) {
@@ -32,10 +32,7 @@ void configureTrigger(TaskHandle task, const std::string& spec) {
     slope = edge == "falling" ? Vorex_Val_Falling : Vorex_Val_Rising;
     rest.resize(second);
   }
-  char* end = nullptr;
-  const double level = std::strtod(rest.c_str(), &end);
-  if (end == rest.c_str() || *end != '\0') throw UsageError("--trigger: the level must be a number");
-  check(VorexCfgAnlgEdgeStartTrig(task, source.c_str(), slope, level));
+  check(VorexCfgAnlgEdgeStartTrig(task, source.c_str(), slope, parseNumber(rest, "--trigger's level")));
 }
 
 void writeCsv(const std::string& path, const std::vector<std::string>& names, const std::vector<double>& scans,

@@ -37,14 +37,17 @@ std::string Options::text(const std::string& name, const std::string& fallback) 
   return it == values_.end() ? fallback : it->second;
 }
 
+double parseNumber(const std::string& text, const std::string& what) {
+  char* end = nullptr;
+  const double value = std::strtod(text.c_str(), &end);
+  if (end == text.c_str() || *end != '\0' || !std::isfinite(value))
+    throw UsageError(what + " needs a number, not \"" + text + "\"");
+  return value;
+}
+
 double Options::number(const std::string& name, double fallback) const {
   const auto it = values_.find(name);
-  if (it == values_.end()) return fallback;
-  char* end = nullptr;
-  const double value = std::strtod(it->second.c_str(), &end);
-  if (end == it->second.c_str() || *end != '\0' || !std::isfinite(value))
-    throw UsageError("--" + name + " needs a number, not \"" + it->second + "\"");
-  return value;
+  return it == values_.end() ? fallback : parseNumber(it->second, "--" + name);
 }
 
 unsigned long Options::count(const std::string& name, unsigned long fallback) const {

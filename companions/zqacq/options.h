@@ -9,6 +9,9 @@
 
 namespace zqacq {
 
+// A finite number written whole, or a UsageError that names what it was for.
+double parseNumber(const std::string& text, const std::string& what);
+
 class Options {
  public:
   // Parses argv[first...]; valued and flag name the options the command takes.

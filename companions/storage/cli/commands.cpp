@@ -9,35 +9,13 @@
 #include "ini_writer.h"
 #include "properties.h"
 #include "sim_commands.h"
+#include "store_access.h"
 #include "stored_definitions.h"
 #include "zqvorex_storage.h"
 
 namespace zqstorage::cli {
 
 namespace {
-
-template <class F>
-auto reading(Session& s, F&& body) {
-  std::lock_guard<std::mutex> guard(s.mutex());
-  s.beginRead();
-  struct End {
-    Session& s;
-    ~End() { s.endRead(); }
-  } end{s};
-  return body(s.db());
-}
-
-template <class F>
-void writing(Session& s, F&& body) {
-  std::lock_guard<std::mutex> guard(s.mutex());
-  s.beginWrite();
-  struct End {
-    Session& s;
-    ~End() { s.endWrite(); }
-  } end{s};
-  body(s.db());
-  s.save();
-}
 
 // Prints rows in columns as wide as their widest cell.
 void printTable(std::ostream& out, const std::vector<std::vector<std::string>>& rows) {

@@ -6,6 +6,7 @@
 #include "device_classes.h"
 #include "properties.h"
 #include "signal_setting.h"
+#include "store_access.h"
 #include "sim_device_settings.h"
 #include "text_util.h"
 #include "zqvorex_storage.h"
@@ -15,29 +16,6 @@ namespace zqstorage::cli {
 namespace {
 
 namespace settings = zqsim::settings;
-
-template <class F>
-void writing(Session& s, F&& body) {
-  std::lock_guard<std::mutex> guard(s.mutex());
-  s.beginWrite();
-  struct End {
-    Session& s;
-    ~End() { s.endWrite(); }
-  } end{s};
-  body(s.db());
-  s.save();
-}
-
-template <class F>
-void reading(Session& s, F&& body) {
-  std::lock_guard<std::mutex> guard(s.mutex());
-  s.beginRead();
-  struct End {
-    Session& s;
-    ~End() { s.endRead(); }
-  } end{s};
-  body(s.db());
-}
 
 bool isSimulatedClass(Database& db, uint32_t classId) {
   try {
