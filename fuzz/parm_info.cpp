@@ -224,7 +224,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   }
 
   const VorexParmSlot* parmInfo = (flags & kNullParmInfo) ? nullptr : slots;
-  const VorexParmSlot declared = parmInfo ? slots[0] : 0;
+  // Only a Get writes through value; slot 0 of a Set or a Reset is no size and stays unbounded.
+  const VorexParmSlot declared = parmInfo && entry.verb == GenericVerb::kGet ? slots[0] : 0;
   std::vector<uint8_t> out(getBytes(type, entry.getFixed ? 0 : declared));
   void* value = (flags & kNullValue) ? nullptr : out.data();
   TaskHandle handle = (flags & kNullHandle) ? nullptr : task->handle();
