@@ -185,15 +185,13 @@ TEST_P(CallbackCallsIn, ReturnsWithoutDeadlockAndEndsItsTask) {
   const bool otherCleared = step.action == Action::clear && step.target == Target::other && probe.status.load() == 0;
   if (!ownCleared) {
     EXPECT_EQ(VorexStopTask(probe.own), 0);
-  }
-  EXPECT_EQ(probe.late.load(), 0);
-  EXPECT_EQ(probe.strays.load(), 0);
-  if (!ownCleared) {
     EXPECT_EQ(VorexClearTask(probe.own), 0);
   }
   if (!otherCleared) {
     EXPECT_EQ(VorexClearTask(probe.other), 0);
   }
+  EXPECT_EQ(probe.late.load(), 0);
+  EXPECT_EQ(probe.strays.load(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, CallbackCallsIn,
