@@ -29,11 +29,13 @@ void walkArrays(std::span<const ArrayCase<T>> cases, const std::vector<T>& value
       data.pop_back();
       EXPECT_EQ(data, values);
       expectOneCall(*task, op, c.info);
+      expectRecord("Get", c.info);
     }
     if (c.set) {
       task->clearCalls();
       EXPECT_EQ(c.set(task->handle(), kListText, values.data(), static_cast<uInt32>(values.size())), 0);
       expectOneCall(*task, operationFor("Set", c.info), c.info);
+      expectRecord("Set", c.info);
       const RecordedArg* value = task->calls().empty() ? nullptr : task->lastCall().arg("value");
       ASSERT_NE(value, nullptr);
       EXPECT_EQ(value->value, Value(values));
@@ -42,6 +44,7 @@ void walkArrays(std::span<const ArrayCase<T>> cases, const std::vector<T>& value
       task->clearCalls();
       EXPECT_EQ(c.reset(task->handle(), kListText), 0);
       expectOneCall(*task, operationFor("Reset", c.info), c.info);
+      expectRecord("Reset", c.info);
     }
   }
 }

@@ -68,7 +68,14 @@ inline void expectOneCall(const RecordingTask& task, const std::string& op, cons
   }
 }
 
-// The catalogue's words for every case of every table.
-std::vector<CaseInfo> allCases();
+// The trace record of the accessor call just made: the traced name, and as the second parameter
+// the list as the attribute names it ("channel", "deviceNames" for the Ex twins of the timing
+// attributes and for a forwarder, which leaves its twin's record, "lines" for the watchdog
+// expiration states), or without a list the value, or for a Reset nothing.
+void expectRecord(const char* verb, const CaseInfo& info);
+
+// The catalogue's words for every case of every table, and the count of the functions the
+// tables hold, exported or not.
+std::vector<CaseInfo> allCases(size_t* functionCount = nullptr);
 
 }  // namespace zqtest

@@ -48,12 +48,14 @@ class ScalarWalk {
     EXPECT_EQ(c.get(task_->handle(), kListText, &data), 0);
     EXPECT_EQ(data, sample_.answer);
     expectOneCall(*task_, op, c.info);
+    expectRecord("Get", c.info);
   }
   void checkSet(const ScalarCase<T>& c) {
     fresh();
     const std::string op = operationFor("Set", c.info);
     EXPECT_EQ(c.set(task_->handle(), kListText, sample_.sent), 0);
     expectOneCall(*task_, op, c.info);
+    expectRecord("Set", c.info);
     const RecordedArg* value = task_->calls().empty() ? nullptr : task_->lastCall().arg("value");
     ASSERT_NE(value, nullptr);
     EXPECT_EQ(value->type, sample_.sentType);
@@ -63,6 +65,7 @@ class ScalarWalk {
     fresh();
     EXPECT_EQ(c.reset(task_->handle(), kListText), 0);
     expectOneCall(*task_, operationFor("Reset", c.info), c.info);
+    expectRecord("Reset", c.info);
   }
 
   std::span<const ScalarCase<T>> cases_;

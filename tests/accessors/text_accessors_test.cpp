@@ -32,11 +32,13 @@ class TextAccessors : public testing::Test {
     EXPECT_EQ(c.get(task->handle(), kListText, data, sizeof data), 0);
     EXPECT_EQ(std::string(data), expected);
     expectOneCall(*task, op, c.info);
+    expectRecord("Get", c.info);
   }
   void checkReset(const TextCase& c) {
     fresh();
     EXPECT_EQ(c.reset(task->handle(), kListText), 0);
     expectOneCall(*task, operationFor("Reset", c.info), c.info);
+    expectRecord("Reset", c.info);
   }
   std::string sentText() {
     const RecordedArg* value = task->calls().empty() ? nullptr : task->lastCall().arg("value");
@@ -58,6 +60,7 @@ TEST_F(TextAccessors, StringSetsPassTerminalsAloneAndPlainTextAsItStands) {
     fresh();
     EXPECT_EQ(c.set(task->handle(), kListText, " \tDev1/PFI0\r\n"), 0);
     expectOneCall(*task, op, c.info);
+    expectRecord("Set", c.info);
     EXPECT_EQ(sentText(), "Dev1/PFI0");
     fresh();
     const int32 code = c.set(task->handle(), kListText, "PFI0,PFI1");
@@ -84,6 +87,7 @@ TEST_F(TextAccessors, StringListsJoinOnGetAndSplitOnSet) {
     fresh();
     EXPECT_EQ(c.set(task->handle(), kListText, " Dev1/PFI0, Dev1/PFI1 "), 0);
     expectOneCall(*task, operationFor("Set", c.info), c.info);
+    expectRecord("Set", c.info);
     const RecordedArg* value = task->calls().empty() ? nullptr : task->lastCall().arg("value");
     ASSERT_NE(value, nullptr);
     EXPECT_EQ(value->value, Value(std::vector<std::string>{"Dev1/PFI0", "Dev1/PFI1"}));

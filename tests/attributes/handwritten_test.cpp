@@ -14,13 +14,7 @@ namespace zqtest {
 namespace {
 
 // A member of the last failure's report, as its raw JSON text.
-std::string lastReportMember(const char* key) {
-  const auto* record = lastError();
-  const char* found = record && record->status.report ? zqerr::json::findKey(record->status.report, key) : nullptr;
-  zqerr::json::ParsedValue value;
-  if (!found || !zqerr::json::parseValue(found, &value)) return "<none>";
-  return std::string(value.begin, value.length);
-}
+std::string lastReportMember(const char* key) { return lastError() ? member(lastError()->status, key) : "<none>"; }
 
 class Handwritten : public testing::Test {
  protected:
@@ -87,11 +81,6 @@ TEST_F(Handwritten, SigmodCalEnableStoresZeroOrOneAndOnlyOnSuccess) {
   EXPECT_EQ(task->lastCall().op, "setChannelAttributeU32");
   EXPECT_EQ(task->lastCall().arg("value")->value, Value(uint64_t{1}));
   EXPECT_EQ(task->lastCall().channels, (std::vector<std::string>{"ai0", "ai1"}));
-}
-
-TEST_F(Handwritten, NothingIsEverLate) {
-  EXPECT_EQ(VorexIsReadOrWriteLate(-200088), 0);
-  EXPECT_EQ(VorexIsReadOrWriteLate(0), 0);
 }
 
 TEST_F(Handwritten, TheResponseModeIsRefusedWithoutLookingAtTheTask) {

@@ -4,36 +4,15 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <functional>
-#include <string>
-#include <utility>
-#include <vector>
 
-#include "../frame/last_error_probe.h"
 #include "calibration/calibration_dates.h"
 #include "platform/platform.h"
-#include "recording_task.h"
-#include "zqcai_rd_mbcs.h"
+#include "timing_operation_cases.h"
 
 namespace zqtest {
 namespace {
 
-using Args = std::vector<std::pair<std::string, std::string>>;
-
-Args received(const RecordedCall& call) {
-  Args args;
-  for (const RecordedArg& arg : call.args) args.emplace_back(arg.name, arg.text);
-  return args;
-}
-
-struct CalibrationCase {
-  const char* function;
-  std::function<int32(TaskHandle)> call;
-  const char* operation;
-  Args args;
-};
-
-const CalibrationCase kCases[] = {
+const OperationCase kCases[] = {
     {"BridgeOffsetNulling", [](TaskHandle t) { return VorexPerformBridgeOffsetNullingCal(t, " ai0:1 "); },
      "performBridgeOffsetNullingCalibration", {{"channels", "ai0, ai1"}, {"skipUnsupportedChannels", "false"}}},
     {"BridgeOffsetNullingEx", [](TaskHandle t) { return VorexPerformBridgeOffsetNullingCalEx(t, "ai0", 2); },
@@ -60,19 +39,9 @@ const CalibrationCase kCases[] = {
       {"skipUnsupportedChannels", "true"}}},
 };
 
-class Calibration : public testing::TestWithParam<CalibrationCase> {};
-
-TEST_P(Calibration, ReachesItsOperationWithTheArgumentsInOrder) {
-  auto task = RecordingTask::create();
-  ASSERT_EQ(GetParam().call(task->handle()), 0);
-  ASSERT_EQ(task->calls().size(), 1u);
-  EXPECT_EQ(task->lastCall().op, GetParam().operation);
-  EXPECT_EQ(received(task->lastCall()), GetParam().args);
-  EXPECT_EQ(GetParam().call(nullptr), -200230);
-}
-
-INSTANTIATE_TEST_SUITE_P(Functions, Calibration, testing::ValuesIn(kCases),
-                         [](const testing::TestParamInfo<CalibrationCase>& info) { return info.param.function; });
+class Calibration : public ReachesOperation {};
+TEST_P(Calibration, ReachesItsOperationWithTheArgumentsInOrder) { check(); }
+INSTANTIATE_TEST_SUITE_P(Functions, Calibration, testing::ValuesIn(kCases), operationCaseName);
 
 // --- the arithmetic of dates ------------------------------------------------------------------
 
@@ -143,16 +112,6 @@ class CalibrationDateCalls : public testing::Test {
   std::shared_ptr<RecordingTask> task = RecordingTask::create();
   zqvorexPlugin_AbsoluteTime stored{};
 };
-
-TEST_F(CalibrationDateCalls, TheTestRunsInAZoneWithDaylightSaving) {
-  zqplatform::CalendarTime summer{}, winter{};
-  ASSERT_TRUE(zqplatform::localTime64(1626373800, &summer));  // 2021-07-15 18:30 UTC
-  ASSERT_TRUE(zqplatform::localTime64(1610735400, &winter));  // 2021-01-15 18:30 UTC
-  EXPECT_GT(summer.daylightSaving, 0);
-  EXPECT_EQ(winter.daylightSaving, 0);
-  EXPECT_EQ(summer.hour, 14) << "TZ=EST5EDT";
-  EXPECT_EQ(winter.hour, 13);
-}
 
 TEST_F(CalibrationDateCalls, DatesRoundTripOnBothSidesOfADaylightSavingChange) {
   struct Case {

@@ -11,8 +11,7 @@
 #include <vector>
 
 #include "channel_cases.h"
-#include "recording_task.h"
-#include "spy_client.h"
+#include "traced_task.h"
 
 namespace zqtest {
 namespace {
@@ -50,13 +49,8 @@ std::string literal(const char* set, int32_t value) {
   return "";
 }
 
-class ChannelTrace : public testing::TestWithParam<ChannelCase> {
+class ChannelTrace : public TracedTask, public testing::WithParamInterface<ChannelCase> {
  protected:
-  void SetUp() override {
-    ASSERT_TRUE(spy.loaded()) << "ZqSpyLog must be beside the test program";
-    spy.setMode(1);
-  }
-
   // Calls the function with `integers` for every int32 parameter and returns the expected
   // parameter records after "taskHandle".
   std::string callWith(int32_t integers) {
@@ -110,12 +104,8 @@ class ChannelTrace : public testing::TestWithParam<ChannelCase> {
       }
     }
     EXPECT_EQ(c.call(task->handle(), args), 0);
-    return std::string(c.function) + " params(" + std::to_string(index) + "): taskHandle@0:93[8,8]=" +
-           pointerText(task->handle()) + expected + "; returns(1): retval@0:75[4,4]=0 ok";
+    return head(c.function, static_cast<int>(index)) + expected + "; returns(1): retval@0:75[4,4]=0 ok";
   }
-
-  SpyClient spy;
-  std::shared_ptr<RecordingTask> task = RecordingTask::create();
 };
 
 TEST_P(ChannelTrace, NamesTypesAndValuesInOrder) {
@@ -137,11 +127,9 @@ TEST_P(ChannelTrace, ReservedValuesShowByName) {
 INSTANTIATE_TEST_SUITE_P(Functions, ChannelTrace, testing::ValuesIn(channelCases()),
                          [](const testing::TestParamInfo<ChannelCase>& info) { return info.param.function; });
 
-TEST(ChannelTraceUntraced, DisablingAChannelLeavesNoRecord) {
-  SpyClient spy;
-  ASSERT_TRUE(spy.loaded());
-  spy.setMode(1);
-  auto task = RecordingTask::create();
+class ChannelTraceUntraced : public TracedTask {};
+
+TEST_F(ChannelTraceUntraced, DisablingAChannelLeavesNoRecord) {
   VorexTaskControl(task->handle(), 9);
   const std::string before = spy.line();
   EXPECT_EQ(VorexInternalDisableChannel(task->handle(), "ai0"), 0);

@@ -26,18 +26,17 @@ bool isArray(const ChannelParam& p) { return p.kind == ParamKind::kF64Array || p
 // Arguments that differ from each other and that a narrower type would change: doubles a float
 // cannot hold, integers beyond 16 bits, a bool32 that is neither 0 nor 1. Texts carry blanks at
 // both ends and one inside.
-class Arguments {
- public:
-  explicit Arguments(const ChannelCase& c) : args_(c.params.size()) {
-    texts_.reserve(c.params.size());
+struct Arguments {
+  explicit Arguments(const ChannelCase& c) : args(c.params.size()) {
+    texts.reserve(c.params.size());
     for (size_t i = 0; i < c.params.size(); ++i) {
       const ChannelParam& p = c.params[i];
-      ChannelArgs::Arg& arg = args_[i];
+      ChannelArgs::Arg& arg = args[i];
       switch (p.kind) {
         case ParamKind::kText:
-          texts_.push_back(p.terminalAttribute ? " \tPFI" + std::to_string(i) + " \n"
-                                               : " \t" + std::string(p.name) + " x\n");
-          arg.text = texts_.back().c_str();
+          texts.push_back(p.terminalAttribute ? " \tPFI" + std::to_string(i) + " \n"
+                                              : " \t" + std::string(p.name) + " x\n");
+          arg.text = texts.back().c_str();
           break;
         case ParamKind::kF64: arg.f64 = 0.1 * static_cast<double>(i + 1) + 1e-12; break;
         case ParamKind::kI32: arg.i32 = -100000 - static_cast<int32_t>(i); break;
@@ -48,12 +47,8 @@ class Arguments {
       }
     }
   }
-  const ChannelArgs& args() const { return args_; }
-  ChannelArgs& args() { return args_; }
-
- private:
-  ChannelArgs args_;
-  std::vector<std::string> texts_;
+  ChannelArgs args;
+  std::vector<std::string> texts;
 };
 
 // What the operation must have received for the parameter at `index`.
@@ -112,7 +107,7 @@ class ChannelWalk : public testing::TestWithParam<ChannelCase> {
 TEST_P(ChannelWalk, EveryArgumentReachesTheOperationInOrderAndWidth) {
   const ChannelCase& c = GetParam();
   Arguments arguments(c);
-  ASSERT_EQ(c.call(task->handle(), arguments.args()), 0);
+  ASSERT_EQ(c.call(task->handle(), arguments.args), 0);
   ASSERT_EQ(task->calls().size(), 1u);
   const RecordedCall& call = task->lastCall();
   EXPECT_EQ(call.op, c.operation);
@@ -127,7 +122,7 @@ TEST_P(ChannelWalk, EveryArgumentReachesTheOperationInOrderAndWidth) {
     if (c.traced) {
       EXPECT_EQ(call.args[at].name, p.name);
     }
-    expectArrived(p, arguments.args()[i], call.args[at]);
+    expectArrived(p, arguments.args[i], call.args[at]);
     ++at;
   }
   if (c.traced) {
@@ -143,13 +138,13 @@ TEST_P(ChannelWalk, NullTextsArriveEmptyAndNullArraysOfNoElementsAsEmptyViews) {
   const ChannelCase& c = GetParam();
   Arguments arguments(c);
   for (size_t i = 0; i < c.params.size(); ++i) {
-    ChannelArgs::Arg& arg = arguments.args()[i];
+    ChannelArgs::Arg& arg = arguments.args[i];
     arg.text = nullptr;
     arg.f64s = nullptr;
     arg.i32s = nullptr;
     if (isCount(c.params[i])) arg.u32 = 0;
   }
-  ASSERT_EQ(c.call(task->handle(), arguments.args()), 0);
+  ASSERT_EQ(c.call(task->handle(), arguments.args), 0);
   for (const RecordedArg& arg : task->lastCall().args) {
     if (arg.type == "const Text&") {
       EXPECT_EQ(arg.text, "") << arg.name;
@@ -164,10 +159,10 @@ TEST_P(ChannelWalk, NullTextsArriveEmptyAndNullArraysOfNoElementsAsEmptyViews) {
 TEST_P(ChannelWalk, ATaskThatIsNotThereIsReportedAndNothingIsCalled) {
   const ChannelCase& c = GetParam();
   Arguments arguments(c);
-  EXPECT_EQ(c.call(nullptr, arguments.args()), -200230);
+  EXPECT_EQ(c.call(nullptr, arguments.args), -200230);
   EXPECT_EQ(lastErrorCode(), -200230);
   task->expire();
-  EXPECT_EQ(c.call(task->handle(), arguments.args()), -50004);
+  EXPECT_EQ(c.call(task->handle(), arguments.args), -50004);
   EXPECT_TRUE(task->calls().empty());
 }
 
@@ -175,10 +170,10 @@ TEST_P(ChannelWalk, ThePluginsAnswerIsTheResult) {
   const ChannelCase& c = GetParam();
   Arguments arguments(c);
   task->on(c.operation).status(-200431);
-  EXPECT_EQ(c.call(task->handle(), arguments.args()), -200431);
+  EXPECT_EQ(c.call(task->handle(), arguments.args), -200431);
   EXPECT_EQ(lastErrorCode(), -200431);
   task->on(c.operation).status(200010);
-  EXPECT_EQ(c.call(task->handle(), arguments.args()), 200010) << "a warning comes back as it is";
+  EXPECT_EQ(c.call(task->handle(), arguments.args), 200010) << "a warning comes back as it is";
 }
 
 INSTANTIATE_TEST_SUITE_P(Functions, ChannelWalk, testing::ValuesIn(channelCases()), caseName);
@@ -191,9 +186,9 @@ TEST_P(ChannelArrays, ANullArrayWithElementsIsAnInvalidParameter) {
     if (!isArray(c.params[nulled])) continue;
     SCOPED_TRACE(c.params[nulled].name);
     Arguments arguments(c);
-    arguments.args()[nulled].f64s = nullptr;
-    arguments.args()[nulled].i32s = nullptr;
-    EXPECT_EQ(c.call(task->handle(), arguments.args()), -52005);
+    arguments.args[nulled].f64s = nullptr;
+    arguments.args[nulled].i32s = nullptr;
+    EXPECT_EQ(c.call(task->handle(), arguments.args), -52005);
     // The operation sees the failed status and returns at once.
     EXPECT_EQ(lastErrorCode(), -52005);
   }
@@ -207,8 +202,8 @@ TEST_P(ChannelTerminals, MoreThanOneTerminalIsRefusedWithTheAttributeAndTheCount
   const ChannelCase& c = GetParam();
   Arguments arguments(c);
   const auto terminal = std::find_if(c.params.begin(), c.params.end(), isTerminal);
-  arguments.args()[static_cast<size_t>(terminal - c.params.begin())].text = " PFI0, PFI1 ";
-  EXPECT_EQ(c.call(task->handle(), arguments.args()), -200098);
+  arguments.args[static_cast<size_t>(terminal - c.params.begin())].text = " PFI0, PFI1 ";
+  EXPECT_EQ(c.call(task->handle(), arguments.args), -200098);
   EXPECT_EQ(lastErrorItems(),
             itemList({usageItem("kUsageTypeAttributeIdentifier", terminal->terminalAttribute, "int32_t"),
                       usageItem("kUsageTypeRequestedNumberTerminals", 2, "uint32_t")}));

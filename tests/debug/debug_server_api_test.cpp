@@ -46,27 +46,22 @@ TEST_P(PartialServerTest, MissingOperationAnswersAtTheCall) {
 INSTANTIATE_TEST_SUITE_P(
     Operations, PartialServerTest,
     ::testing::Values(
-        MissingCase{"revokeControl", 23,
-                    [](IDebugServer&, IDebugTarget& t, zqerr_Status* s) { t.revokeControl(true, s); }},
-        MissingCase{"getMaxPrivilegeLevel", 3,
-                    [](IDebugServer& v, IDebugTarget&, zqerr_Status* s) { v.getMaxPrivilegeLevel(s); }},
+        MissingCase{"revokeControl", 23, [](auto&, auto& t, auto* s) { t.revokeControl(true, s); }},
+        MissingCase{"getMaxPrivilegeLevel", 3, [](auto& v, auto&, auto* s) { v.getMaxPrivilegeLevel(s); }},
         MissingCase{"getPipeName", 4,
-                    [](IDebugServer& v, IDebugTarget&, zqerr_Status* s) {
+                    [](auto& v, auto&, auto* s) {
                       std::string text;
                       v.getPipeName(text, s);
                     }},
-        MissingCase{
-            "setPluginName", 9,
-            [](IDebugServer&, IDebugTarget& t, zqerr_Status* s) { t.setPluginName("zqvorexDebug", s); }},
+        MissingCase{"setPluginName", 9, [](auto&, auto& t, auto* s) { t.setPluginName("zqvorexDebug", s); }},
         MissingCase{"getPhysicalChannels", 16,
-                    [](IDebugServer&, IDebugTarget& t, zqerr_Status* s) {
+                    [](auto&, auto& t, auto* s) {
                       std::vector<std::string> list;
                       t.getPhysicalChannels(list, s);
                     }},
-        MissingCase{"clearCachedSamples", 24,
-                    [](IDebugServer&, IDebugTarget& t, zqerr_Status* s) { t.clearCachedSamples(0, s); }},
+        MissingCase{"clearCachedSamples", 24, [](auto&, auto& t, auto* s) { t.clearCachedSamples(0, s); }},
         MissingCase{"cacheSamplesLineU8", 37,
-                    [](IDebugServer&, IDebugTarget& t, zqerr_Status* s) {
+                    [](auto&, auto& t, auto* s) {
                       zqerr::Status caller;
                       t.cacheSamplesLineU8(1, 16124, nullptr, nullptr, s, &caller, 0);
                     }}),

@@ -22,17 +22,17 @@ struct TestHooks {
   TestHooks() {
     zqerr::Status status;
     library = zqdynlib_load("zqvorexDebugServer", &status);
-    setFlags = reinterpret_cast<zqvorexDebugServer_testOnly_setFlags_fn>(
-        zqdynlib_getSymbol(library, "zqvorexDebugServer_testOnly_setFlags", &status));
-    abortTask = reinterpret_cast<zqvorexDebugServer_testOnly_abortTask_fn>(
-        zqdynlib_getSymbol(library, "zqvorexDebugServer_testOnly_abortTask", &status));
-    targetFlags = reinterpret_cast<zqvorexDebugServer_testOnly_targetFlags_fn>(
-        zqdynlib_getSymbol(library, "zqvorexDebugServer_testOnly_targetFlags", &status));
-    batchCount = reinterpret_cast<zqvorexDebugServer_testOnly_batchCount_fn>(
-        zqdynlib_getSymbol(library, "zqvorexDebugServer_testOnly_batchCount", &status));
-    batch = reinterpret_cast<zqvorexDebugServer_testOnly_batch_fn>(
-        zqdynlib_getSymbol(library, "zqvorexDebugServer_testOnly_batch", &status));
+    setFlags = hook<zqvorexDebugServer_testOnly_setFlags_fn>("setFlags", &status);
+    abortTask = hook<zqvorexDebugServer_testOnly_abortTask_fn>("abortTask", &status);
+    targetFlags = hook<zqvorexDebugServer_testOnly_targetFlags_fn>("targetFlags", &status);
+    batchCount = hook<zqvorexDebugServer_testOnly_batchCount_fn>("batchCount", &status);
+    batch = hook<zqvorexDebugServer_testOnly_batch_fn>("batch", &status);
     ok = status.code == 0;
+  }
+  template <class Fn>
+  Fn hook(const char* name, zqerr_Status* status) {
+    const std::string symbol = std::string("zqvorexDebugServer_testOnly_") + name;
+    return reinterpret_cast<Fn>(zqdynlib_getSymbol(library, symbol.c_str(), status));
   }
   ~TestHooks() {
     if (library) zqplatform::freeLibrary(library);

@@ -23,33 +23,15 @@ constexpr const char* kList = " Dev1/ai0 ,Dev1/ai1";
 void answerFor(ValueType type, RecordingTask& task) {
   Reply& reply = task.onAny();
   switch (type) {
-    case ValueType::kF64:
-      reply.value(2.75);
-      break;
-    case ValueType::kI32:
-      reply.value(int32_t{-123456});
-      break;
-    case ValueType::kString:
-      reply.text("Dev1/PFI3");
-      break;
-    case ValueType::kStringList:
-      reply.strings({"Dev1/ai0", "Dev1/ai1"});
-      break;
-    case ValueType::kF64Array:
-      reply.numbers({0.5, 8});
-      break;
-    case ValueType::kI32Array:
-      reply.integers({10322, -1});
-      break;
-    case ValueType::kTime:
-      reply.out(zqvorexPlugin_AbsoluteTime{0x8000000000000000ull, 3700000000});
-      break;
-    case ValueType::kU64:
-      reply.value(uint64_t{0x1C0000003ull});
-      break;
-    default:
-      reply.value(uint64_t{3000000007u});
-      break;
+    case ValueType::kF64: reply.value(2.75); break;
+    case ValueType::kI32: reply.value(int32_t{-123456}); break;
+    case ValueType::kString: reply.text("Dev1/PFI3"); break;
+    case ValueType::kStringList: reply.strings({"Dev1/ai0", "Dev1/ai1"}); break;
+    case ValueType::kF64Array: reply.numbers({0.5, 8}); break;
+    case ValueType::kI32Array: reply.integers({10322, -1}); break;
+    case ValueType::kTime: reply.out(zqvorexPlugin_AbsoluteTime{0x8000000000000000ull, 3700000000}); break;
+    case ValueType::kU64: reply.value(uint64_t{0x1C0000003ull}); break;
+    default: reply.value(uint64_t{3000000007u}); break;
   }
 }
 

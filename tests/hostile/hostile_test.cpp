@@ -3,19 +3,15 @@
 // that parses as JSON. A hang guard ends the run, naming the call, instead of hanging.
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <chrono>
-#include <condition_variable>
 #include <cstdio>
-#include <cstdlib>
-#include <mutex>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "e2e_harness.h"
 #include "hostile_caller.h"
 #include "installation.h"
+#include "reentry_hang_guard.h"
 
 namespace {
 
@@ -30,39 +26,6 @@ std::vector<zqhostile::Export> allExports() {
   return all;
 }
 
-class HangGuard {
- public:
-  explicit HangGuard(const zqhostile::Caller& caller) : caller_(caller), thread_([this] { watch(); }) {}
-  ~HangGuard() {
-    {
-      std::lock_guard<std::mutex> lock(mutex_);
-      done_ = true;
-    }
-    wake_.notify_one();
-    thread_.join();
-  }
-
- private:
-  void watch() {
-    std::unique_lock<std::mutex> lock(mutex_);
-    uint64_t seen = caller_.progress();
-    while (!wake_.wait_for(lock, kHangGuard, [this] { return done_; })) {
-      const uint64_t now = caller_.progress();
-      if (now == seen) {
-        std::fprintf(stderr, "hang guard: no return from %s\n", caller_.current().c_str());
-        std::_Exit(3);
-      }
-      seen = now;
-    }
-  }
-
-  const zqhostile::Caller& caller_;
-  std::mutex mutex_;
-  std::condition_variable wake_;
-  bool done_ = false;
-  std::thread thread_;
-};
-
 TEST(HostileInput, EveryExportReturnsAStatusWithAReport) {
   zqe2e::pluginSymbol("zqtestDrive_testCounter");  // the installation, made before the first call
   zqtest::TranslatorFolder translators;  // the translator describes each failure's report
@@ -70,7 +33,8 @@ TEST(HostileInput, EveryExportReturnsAStatusWithAReport) {
   const std::vector<zqhostile::Export> exports = allExports();
   zqhostile::Caller caller;
   {
-    HangGuard guard(caller);
+    zqtest::HangGuard guard(kHangGuard, [&caller] { return caller.current(); },
+                            [&caller] { return caller.progress(); });
     for (const zqhostile::Export& e : exports) {
       e.call(caller);
       caller.finishExport();

@@ -8,6 +8,7 @@
 #include <string>
 #include <tuple>
 
+#include "../support/reentry_hang_guard.h"
 #include "sim_installation.h"
 #include "voltage_task.h"
 #include "zqcai_rd_mbcs.h"
@@ -70,8 +71,7 @@ struct Probe {
 };
 
 int32 everyN(TaskHandle, int32, uInt32, void* data);
-int32 done(TaskHandle, int32, void* data);
-int32 onSignal(TaskHandle, int32, void* data);
+int32 doneOrSignal(TaskHandle, int32, void* data);  // the two share one callback type
 
 // Registers the probe's callback for its event on its road; with `callback` false, unregisters.
 int32 registerEvent(Probe& probe, bool callback) {
@@ -82,9 +82,9 @@ int32 registerEvent(Probe& probe, bool callback) {
       return VorexRegisterEveryNSamplesEvent(probe.own, Vorex_Val_Acquired_Into_Buffer, callback ? kEveryN : 0, options,
                                              callback ? everyN : nullptr, callback ? &probe : nullptr);
     case Event::done:
-      return VorexRegisterDoneEvent(probe.own, options, callback ? done : nullptr, callback ? &probe : nullptr);
+      return VorexRegisterDoneEvent(probe.own, options, callback ? doneOrSignal : nullptr, callback ? &probe : nullptr);
     case Event::signal:
-      return VorexRegisterSignalEvent(probe.own, Vorex_Val_SampleClock, options, callback ? onSignal : nullptr,
+      return VorexRegisterSignalEvent(probe.own, Vorex_Val_SampleClock, options, callback ? doneOrSignal : nullptr,
                                       callback ? &probe : nullptr);
   }
   return 1;
@@ -138,33 +138,19 @@ int32 everyN(TaskHandle, int32, uInt32, void* data) {
   return 0;
 }
 
-int32 done(TaskHandle, int32, void* data) {
-  onEvent(*static_cast<Probe*>(data));
-  return 0;
-}
-
-int32 onSignal(TaskHandle, int32, void* data) {
+int32 doneOrSignal(TaskHandle, int32, void* data) {
   onEvent(*static_cast<Probe*>(data));
   return 0;
 }
 
 int32 ignore(TaskHandle, int32, void*) { return 0; }
 
-const char* nameOf(Event event) {
-  switch (event) {
-    case Event::everyN: return "EveryN";
-    case Event::done: return "Done";
-    case Event::signal: return "Signal";
-  }
-  return "";
-}
-
 using Param = std::tuple<Event, Road, Step>;
 
 std::string caseName(const Param& param) {
-  const Road road = std::get<Road>(param);
-  return std::string(nameOf(std::get<Event>(param))) + (road == Road::direct ? "Direct" : "Sync") +
-         std::get<Step>(param).name;
+  static const char* const kEventNames[] = {"EveryN", "Done", "Signal"};
+  const char* road = std::get<Road>(param) == Road::direct ? "Direct" : "Sync";
+  return kEventNames[static_cast<int>(std::get<Event>(param))] + std::string(road) + std::get<Step>(param).name;
 }
 
 class CallbackCallsIn : public testing::TestWithParam<Param> {
@@ -174,7 +160,7 @@ class CallbackCallsIn : public testing::TestWithParam<Param> {
 
 TEST_P(CallbackCallsIn, ReturnsWithoutDeadlockAndEndsItsTask) {
   const auto& [event, road, step] = GetParam();
-  zqsimrun::HangGuard guard(testing::UnitTest::GetInstance()->current_test_info()->name());
+  zqtest::HangGuard guard(2 * zqsimrun::kHangGuard, [name = caseName(GetParam())] { return name; });
   Probe probe;
   probe.step = &step;
   probe.road = road;
@@ -199,15 +185,13 @@ TEST_P(CallbackCallsIn, ReturnsWithoutDeadlockAndEndsItsTask) {
   const bool otherCleared = step.action == Action::clear && step.target == Target::other && probe.status.load() == 0;
   if (!ownCleared) {
     EXPECT_EQ(VorexStopTask(probe.own), 0);
-  }
-  EXPECT_EQ(probe.late.load(), 0);
-  EXPECT_EQ(probe.strays.load(), 0);
-  if (!ownCleared) {
     EXPECT_EQ(VorexClearTask(probe.own), 0);
   }
   if (!otherCleared) {
     EXPECT_EQ(VorexClearTask(probe.other), 0);
   }
+  EXPECT_EQ(probe.late.load(), 0);
+  EXPECT_EQ(probe.strays.load(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, CallbackCallsIn,

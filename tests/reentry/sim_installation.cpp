@@ -1,9 +1,7 @@
 #include "sim_installation.h"
 
-#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
-#include <mutex>
 #include <thread>
 
 #include "e2e_platform.h"
@@ -51,36 +49,5 @@ void pumpFor(std::chrono::milliseconds span) {
 
 uint32_t currentThread() { return zqe2e::threadId(); }
 bool hasDeliveryThread() { return zqe2e::hasDeliveryThread(); }
-
-struct HangGuard::State {
-  std::string what;
-  std::mutex lock;
-  std::condition_variable dismissed;
-  bool done = false;
-  std::thread watcher;
-};
-
-HangGuard::HangGuard(std::string what) : state_(new State) {
-  state_->what = std::move(what);
-  state_->watcher = std::thread([state = state_] {
-    std::unique_lock<std::mutex> held(state->lock);
-    // Twice the waits' own guard: a wait that runs out fails its test by itself.
-    if (!state->dismissed.wait_for(held, 2 * kHangGuard, [&] { return state->done; })) {
-      std::fprintf(stderr, "hang: %s did not end within the hang guard\n", state->what.c_str());
-      std::fflush(nullptr);
-      std::abort();
-    }
-  });
-}
-
-HangGuard::~HangGuard() {
-  {
-    std::lock_guard<std::mutex> held(state_->lock);
-    state_->done = true;
-  }
-  state_->dismissed.notify_all();
-  state_->watcher.join();
-  delete state_;
-}
 
 }  // namespace zqsimrun

@@ -30,18 +30,4 @@ uint32_t currentThread();
 // the registering thread's message loop (Windows).
 bool hasDeliveryThread();
 
-// Aborts the process with `what` unless dismissed (destroyed) within twice the hang guard: a
-// deadlock inside a call fails the program instead of hanging it.
-class HangGuard {
- public:
-  explicit HangGuard(std::string what);
-  ~HangGuard();
-  HangGuard(const HangGuard&) = delete;
-  HangGuard& operator=(const HangGuard&) = delete;
-
- private:
-  struct State;
-  State* state_;
-};
-
 }  // namespace zqsimrun

@@ -9,6 +9,7 @@
 #include <set>
 #include <string>
 
+#include "../support/reentry_hang_guard.h"
 #include "sim_installation.h"
 #include "voltage_task.h"
 
@@ -103,7 +104,7 @@ class StopWhileCallbacksCallIn : public testing::TestWithParam<Race> {
 
 TEST_P(StopWhileCallbacksCallIn, EveryStopReturnsAndEndsTheCallbacks) {
   const Race& race = GetParam();
-  zqsimrun::HangGuard guard(race.name);
+  zqtest::HangGuard guard(2 * zqsimrun::kHangGuard, [&race] { return std::string(race.name); });
   Racer racer;
   racer.race = &race;
   racer.own = zqsimrun::makeVoltageTask("Race Own", "SimDev1/ai0", false);

@@ -2,31 +2,15 @@
 // arguments in order and width, texts trimmed and lists split after trimming; and the two waits.
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <string>
-#include <utility>
-#include <vector>
-
-#include "../frame/last_error_probe.h"
-#include "recording_task.h"
-#include "zqcai_rd_mbcs.h"
+#include "timing_operation_cases.h"
 
 namespace zqtest {
 namespace {
 
-using Args = std::vector<std::pair<std::string, std::string>>;
-
-struct TimingCase {
-  const char* function;
-  std::function<int32(TaskHandle)> call;
-  const char* operation;
-  Args args;  // (name, text) of what the operation received, in order
-};
-
 // More samples than 32 bits hold, so that a narrowing shows.
 constexpr uInt64 kSamples = 0x100000005ull;
 
-const TimingCase kCases[] = {
+const OperationCase kCases[] = {
     {"SampClk", [](TaskHandle t) { return VorexCfgSampClkTiming(t, " \tPFI7 \n", 1e6 + 0.5, 10280, 10178, kSamples); },
      "configureSampleClockTiming",
      {{"source", "PFI7"}, {"rate", "1000000.5"}, {"activeEdge", "10280"}, {"sampleMode", "10178"},
@@ -60,32 +44,9 @@ const TimingCase kCases[] = {
       {"readyEventActiveLevel", "2"}}},
 };
 
-Args received(const RecordedCall& call) {
-  Args args;
-  for (const RecordedArg& arg : call.args) args.emplace_back(arg.name, arg.text);
-  return args;
-}
-
-class Timing : public testing::TestWithParam<TimingCase> {
- protected:
-  void SetUp() override { clearLastError(); }
-  std::shared_ptr<RecordingTask> task = RecordingTask::create();
-};
-
-TEST_P(Timing, ReachesItsOperationWithTheArgumentsInOrder) {
-  ASSERT_EQ(GetParam().call(task->handle()), 0);
-  ASSERT_EQ(task->calls().size(), 1u);
-  EXPECT_EQ(task->lastCall().op, GetParam().operation);
-  EXPECT_EQ(received(task->lastCall()), GetParam().args);
-}
-
-TEST_P(Timing, ANullTaskIsRefusedBeforeAnyCall) {
-  EXPECT_EQ(GetParam().call(nullptr), -200230);
-  EXPECT_EQ(lastErrorCode(), -200230);
-}
-
-INSTANTIATE_TEST_SUITE_P(Functions, Timing, testing::ValuesIn(kCases),
-                         [](const testing::TestParamInfo<TimingCase>& info) { return info.param.function; });
+class Timing : public ReachesOperation {};
+TEST_P(Timing, ReachesItsOperationWithTheArgumentsInOrder) { check(); }
+INSTANTIATE_TEST_SUITE_P(Functions, Timing, testing::ValuesIn(kCases), operationCaseName);
 
 TEST(TimingText, ANullOrBlankSourceReachesThePluginEmpty) {
   auto task = RecordingTask::create();

@@ -4,29 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <functional>
-#include <string>
-#include <utility>
-#include <vector>
 
-#include "../frame/last_error_probe.h"
 #include "platform/platform.h"
-#include "recording_task.h"
-#include "zqcai_rd_mbcs.h"
+#include "timing_operation_cases.h"
 
 namespace zqtest {
 namespace {
 
-using Args = std::vector<std::pair<std::string, std::string>>;
-
-struct TriggerCase {
-  const char* function;
-  std::function<int32(TaskHandle)> call;
-  const char* operation;
-  Args args;
-};
-
-const TriggerCase kCases[] = {
+const OperationCase kCases[] = {
     {"DisableStart", [](TaskHandle t) { return VorexDisableStartTrig(t); }, "disableStartTrigger", {}},
     {"DisableRef", [](TaskHandle t) { return VorexDisableRefTrig(t); }, "disableReferenceTrigger", {}},
     {"DigEdgeStart", [](TaskHandle t) { return VorexCfgDigEdgeStartTrig(t, " PFI0 ", 10171); },
@@ -58,32 +43,9 @@ const TriggerCase kCases[] = {
      {{"triggerSource", "a, b"}, {"triggerPattern", "01"}, {"triggerWhen", "10255"}, {"pretriggerSamples", "3"}}},
 };
 
-Args received(const RecordedCall& call) {
-  Args args;
-  for (const RecordedArg& arg : call.args) args.emplace_back(arg.name, arg.text);
-  return args;
-}
-
-class Trigger : public testing::TestWithParam<TriggerCase> {
- protected:
-  void SetUp() override { clearLastError(); }
-  std::shared_ptr<RecordingTask> task = RecordingTask::create();
-};
-
-TEST_P(Trigger, ReachesItsOperationWithTheArgumentsInOrder) {
-  ASSERT_EQ(GetParam().call(task->handle()), 0);
-  ASSERT_EQ(task->calls().size(), 1u);
-  EXPECT_EQ(task->lastCall().op, GetParam().operation);
-  EXPECT_EQ(received(task->lastCall()), GetParam().args);
-}
-
-TEST_P(Trigger, ANullTaskIsRefused) {
-  EXPECT_EQ(GetParam().call(nullptr), -200230);
-  EXPECT_EQ(lastErrorCode(), -200230);
-}
-
-INSTANTIATE_TEST_SUITE_P(Functions, Trigger, testing::ValuesIn(kCases),
-                         [](const testing::TestParamInfo<TriggerCase>& info) { return info.param.function; });
+class Trigger : public ReachesOperation {};
+TEST_P(Trigger, ReachesItsOperationWithTheArgumentsInOrder) { check(); }
+INSTANTIATE_TEST_SUITE_P(Functions, Trigger, testing::ValuesIn(kCases), operationCaseName);
 
 // --- the digital edge source names one terminal ---------------------------------------------
 
