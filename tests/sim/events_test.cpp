@@ -30,7 +30,6 @@ struct EventState {
 struct TestEvent {
   union {
     const zqgopher_IEventEveryNSamplesTable* every;
-    const zqgopher_IEventDoneTable* done;
     const zqgopher_IEventSignalTable* signal;
   } table;
   EventState* state;
@@ -81,17 +80,6 @@ const zqgopher_IEventEveryNSamplesTable kEveryTable = {
       TestEvent::fire(s, count, 0);
     }};
 
-const zqgopher_IEventDoneTable kDoneTable = {
-    [](zqgopher_IEventDone* s) { return TestEvent::addRef(s); },
-    [](zqgopher_IEventDone* s) { return TestEvent::release(s); },
-    [](zqgopher_IEventDone* s) { return asBase(s); },
-    [](zqgopher_IEventDone*) -> zqgopher_IEventEveryNSamples* { return nullptr; },
-    [](zqgopher_IEventDone* s) { return s; },
-    [](zqgopher_IEventDone*) -> zqgopher_IEventSignal* { return nullptr; },
-    [](zqgopher_IEventDone* s, const zqerr_Status* task, zqerr_Status*) {
-      TestEvent::fire(s, 1, task->code);
-    }};
-
 const zqgopher_IEventSignalTable kSignalTable = {
     [](zqgopher_IEventSignal* s) { return TestEvent::addRef(s); },
     [](zqgopher_IEventSignal* s) { return TestEvent::release(s); },
@@ -118,7 +106,7 @@ TEST(Events, EveryNSamplesCallbacksReadWhatTheyAreTold) {
   EventState state;
   TestEvent event{{}, &state};
   event.table.every = &kEveryTable;
-  auto task = acquisition("every n", "SimDev1/ai0:3", 100000, kContinuous, 2000000);
+  auto task = acquisition("every n", "SimDev1/ai0:3", 100000, Vorex_Val_ContSamps, 2000000);
   state.fired = [&](uint32_t count, int32_t) {
     for (uint32_t i = 0; i < count; ++i) {
       Samples read = readVoltages(*task, 10000, 10.0, 40000);
@@ -138,48 +126,12 @@ TEST(Events, EveryNSamplesCallbacksReadWhatTheyAreTold) {
   }));
   ASSERT_EQ(control(*task, 1).code, 0);
   std::lock_guard<std::mutex> guard(mutex);
+  EXPECT_EQ(readU64(*task, Vorex_ReadCurrReadPos), 10000u * reads.size()) << "every chunk read once";
   for (const Samples& read : reads) {
     EXPECT_EQ(read.outcome.code, 0) << read.outcome.report;
     EXPECT_EQ(read.count, 10000u);
     for (uint32_t k = 0; k < 40000; ++k) ASSERT_LE(std::fabs(read.data[k]), 2.5 + 0.002);
   }
-}
-
-TEST(Events, DoneComesWhenAFiniteAcquisitionEnds) {
-  std::atomic<int> done{0};
-  std::atomic<int32_t> code{1};
-  EventState state;
-  TestEvent event{{}, &state};
-  event.table.done = &kDoneTable;
-  state.fired = [&](uint32_t, int32_t taskCode) {
-    code = taskCode;
-    ++done;
-  };
-  auto task = acquisition("done", "SimDev1/ai5", 10000, kFinite, 500);
-  zqerr::Status status;
-  task->registerDoneEvent(true, reinterpret_cast<zqgopher_IEventDone*>(&event), &status);
-  Ending ending(*task, state);
-  ASSERT_EQ(control(*task, 0).code, 0);
-  ASSERT_TRUE(eventually([&] { return done.load() == 1; }));
-  EXPECT_EQ(code.load(), 0);
-  const Samples read = readVoltages(*task, -1, 10.0, 500);
-  EXPECT_EQ(read.count, 500u) << "the samples wait in the buffer after the end";
-}
-
-TEST(Events, DoneCarriesTheFailureThatEndedTheTask) {
-  std::atomic<int32_t> code{0};
-  EventState state;
-  TestEvent event{{}, &state};
-  event.table.done = &kDoneTable;
-  state.fired = [&](uint32_t, int32_t taskCode) { code = taskCode; };
-  auto task = acquisition("done by overrun", "SimDev1/ai5", 10000, kContinuous, 1000);
-  zqerr::Status status;
-  task->setBufferAttributeSize(zqgopher::StringArrayView(), 6252, 1000, &status);
-  task->registerDoneEvent(true, reinterpret_cast<zqgopher_IEventDone*>(&event), &status);
-  Ending ending(*task, state);
-  ASSERT_EQ(control(*task, 0).code, 0);
-  ASSERT_TRUE(eventually([&] { return code.load() != 0; }));
-  EXPECT_EQ(code.load(), nZQMDEV::kErrorReadOverrun);
 }
 
 TEST(Events, TheSampleClockSignalIsToldOncePerSample) {
@@ -188,7 +140,7 @@ TEST(Events, TheSampleClockSignalIsToldOncePerSample) {
   TestEvent event{{}, &state};
   event.table.signal = &kSignalTable;
   state.fired = [&](uint32_t count, int32_t) { ticks += count; };
-  auto task = acquisition("clock signal", "SimDev1/ai5", 20000, kFinite, 1000);
+  auto task = acquisition("clock signal", "SimDev1/ai5", 20000, Vorex_Val_FiniteSamps, 1000);
   zqerr::Status status;
   task->registerSignalEvent(kSampleClock, true, reinterpret_cast<zqgopher_IEventSignal*>(&event), &status);
   ASSERT_EQ(status.code, 0) << status.report;
@@ -204,7 +156,7 @@ TEST(Events, ThePlugInGivesItsReferenceBackWhenTheEventGoes) {
   EventState state;
   TestEvent event{{}, &state};
   event.table.every = &kEveryTable;
-  auto task = acquisition("references", "SimDev1/ai5", 1000, kContinuous, 1000);
+  auto task = acquisition("references", "SimDev1/ai5", 1000, Vorex_Val_ContSamps, 1000);
   zqerr::Status status;
   const auto token = task->registerEveryNSamplesEvent(
       kAcquired, 100, true, reinterpret_cast<zqgopher_IEventEveryNSamples*>(&event), &status);
@@ -224,7 +176,7 @@ TEST(Events, AnInputTaskRefusesEventsOfSamplesLeavingItsBuffer) {
   EventState state;
   TestEvent event{{}, &state};
   event.table.every = &kEveryTable;
-  auto task = acquisition("wrong event", "SimDev1/ai5", 1000, kContinuous, 1000);
+  auto task = acquisition("wrong event", "SimDev1/ai5", 1000, Vorex_Val_ContSamps, 1000);
   zqerr::Status status;
   task->registerEveryNSamplesEvent(kTransferred, 100, true,
                                    reinterpret_cast<zqgopher_IEventEveryNSamples*>(&event), &status);

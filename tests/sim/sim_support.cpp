@@ -97,13 +97,13 @@ Outcome take(const zqerr_Status& status) { return {status.code, status.report ? 
 
 Outcome addVoltage(zqvorexRedir::ITask& task, const std::string& physical, double range) {
   zqerr::Status status;
-  task.createAIVoltageChannel(physical, "", -1, -range, range, kVolts, "", nullptr, &status);
+  task.createAIVoltageChannel(physical, "", -1, -range, range, Vorex_Val_Volts, "", nullptr, &status);
   return take(status);
 }
 
 Outcome sampleClock(zqvorexRedir::ITask& task, double rate, int32_t mode, uint64_t samples) {
   zqerr::Status status;
-  task.configureSampleClockTiming("", rate, kRising, mode, samples, &status);
+  task.configureSampleClockTiming("", rate, Vorex_Val_Rising, mode, samples, &status);
   return take(status);
 }
 

@@ -11,6 +11,7 @@
 
 #include "status/status.h"
 #include "task/task.h"
+#include "zqcai_rd_mbcs_values.h"
 
 namespace zqtest::sim {
 
@@ -19,18 +20,7 @@ inline constexpr const char* kContextName = "127.0.0.1";
 // Simulated seconds per wall-clock second in these programs.
 inline constexpr double kSpeed = 5.0;
 
-// Values of the device's settings the tests use.
-inline constexpr int32_t kVolts = 10348;
-inline constexpr int32_t kRising = 10280;
-inline constexpr int32_t kFalling = 10171;
-inline constexpr int32_t kFinite = 10178;
-inline constexpr int32_t kContinuous = 10123;
-inline constexpr int32_t kOverwrite = 10252;
-inline constexpr int32_t kDoNotAllowRegen = 10158;
-inline constexpr int32_t kChanForAllLines = 1;
-inline constexpr int32_t kLow = 10214;
-inline constexpr int32_t kHz = 10373;
-inline constexpr int32_t kCountUp = 10128;
+// The kinds of channel the plug-in's read and write operations take.
 inline constexpr uint32_t kAnalogInput = 10100;
 inline constexpr uint32_t kAnalogOutput = 10102;
 inline constexpr uint32_t kDigitalInput = 10151;
