@@ -14,14 +14,6 @@ namespace {
 
 constexpr int32_t kSquare = 14753;
 
-std::shared_ptr<zqvorexRedir::Task> voltageOutput(const std::string& physical) {
-  auto task = makeTask("generation " + physical);
-  zqerr::Status status;
-  task->createAOVoltageChannel(physical, "", -10, 10, Vorex_Val_Volts, "", nullptr, &status);
-  EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
-  return task;
-}
-
 TEST(Generation, AFunctionGeneratorIsSeenOnItsInput) {
   auto generator = makeTask("function generator");
   zqerr::Status status;

@@ -15,28 +15,19 @@ namespace {
 
 constexpr double kNoise = 0.0011;
 
-double readScalar(zqvorexRedir::ITask& task, uint32_t kind, Outcome* outcome = nullptr) {
+double readScalar(zqvorexRedir::ITask& task, uint32_t kind) {
   zqerr::Status status;
   double value = -99;
   task.readScaledScalarF64(kind, 10.0, &value, nullptr, &status);
-  if (outcome) *outcome = take(status);
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
   return value;
-}
-
-std::shared_ptr<zqvorexRedir::Task> analogOutput(const std::string& physical) {
-  auto task = makeTask("output " + physical);
-  zqerr::Status status;
-  task->createAOVoltageChannel(physical, "", -10, 10, Vorex_Val_Volts, "", nullptr, &status);
-  EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
-  return task;
 }
 
 TEST(Loopback, AnAnalogOutputIsSeenOnItsInputWhileItsTaskLives) {
   auto input = makeTask("looking");
   ASSERT_EQ(addVoltage(*input, "SimDev1/ai2").code, 0);
   {
-    auto output = analogOutput("SimDev1/ao2");
+    auto output = voltageOutput("SimDev1/ao2");
     zqerr::Status status;
     output->writeScaledScalarF64(kAnalogOutput, true, 10.0, 2.5, nullptr, &status);
     ASSERT_EQ(status.code, 0) << status.report;
@@ -58,7 +49,7 @@ TEST(Loopback, AnOutputOutsideItsRangeIsRefusedWithTheRange) {
 // The output's start trigger starts the acquisition: both run on one clock from one moment, so
 // the input's sample k is the output's sample k.
 TEST(Loopback, AnAcquisitionStartedByTheOutputsStartTriggerSeesEachSampleOfTheOutput) {
-  auto output = analogOutput("SimDev1/ao1");
+  auto output = voltageOutput("SimDev1/ao1");
   ASSERT_EQ(sampleClock(*output, 1000, Vorex_Val_FiniteSamps, 100).code, 0);
   std::vector<double> ramp;
   for (int k = 0; k < 100; ++k) ramp.push_back(-2.5 + 0.05 * k);
@@ -82,7 +73,7 @@ TEST(Loopback, AnAcquisitionStartedByTheOutputsStartTriggerSeesEachSampleOfTheOu
 }
 
 TEST(Loopback, AnOutputThatRunsOutOfSamplesIsAnUnderflow) {
-  auto output = analogOutput("SimDev1/ao3");
+  auto output = voltageOutput("SimDev1/ao3");
   ASSERT_EQ(sampleClock(*output, 1000, Vorex_Val_ContSamps, 1000).code, 0);
   zqerr::Status status;
   output->setWriteAttributeI32(zqgopher::StringArrayView(), Vorex_WriteRegenMode, Vorex_Val_DoNotAllowRegen, &status);

@@ -35,9 +35,10 @@ const std::vector<double>& recording();
 // Makes the store on first use (zqstorage new-sim-store, set-signal) and makes it the local
 // store; the time of this program's devices runs at kSpeed.
 void useSimStore();
-std::string binFolder();
 
 std::shared_ptr<zqvorexRedir::Task> makeTask(const std::string& name);
+// A task of one voltage output channel.
+std::shared_ptr<zqvorexRedir::Task> voltageOutput(const std::string& physical);
 
 // Each gives the status code and keeps the report for a message.
 struct Outcome {
@@ -60,9 +61,8 @@ Samples readVoltages(zqvorexRedir::ITask& task, int64_t samples, double timeout,
 Outcome writeVoltages(zqvorexRedir::ITask& task, const std::vector<double>& values, uint32_t channels,
                       bool autoStart, uint32_t* written = nullptr);
 
-double timingF64(zqvorexRedir::ITask& task, int32_t id, Outcome* outcome = nullptr);
+double timingF64(zqvorexRedir::ITask& task, int32_t id);
 uint64_t readU64(zqvorexRedir::ITask& task, int32_t id);
-Outcome setTimingI32(zqvorexRedir::ITask& task, int32_t id, int32_t value);
 
 // The one quantized value an input of range +-`range` volts reads for `volts`.
 double quantized(double volts, double range);
