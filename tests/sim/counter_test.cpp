@@ -92,12 +92,6 @@ TEST(Counters, ANewFrequencyTakesOverWhileTheOutputRuns) {
   pulses->writeScalarCounterDutyCycleAndFrequencyF64(kCounterOutput, false, 10.0, {0.25, 4000}, nullptr,
                                                      &status);
   ASSERT_EQ(status.code, 0) << status.report;
-  auto meter = makeTask("changed meter");
-  meter->createCIFreqChannel("SimDev1/ctr2", "", 1, 1e6, Vorex_Val_Hz, Vorex_Val_Rising, 10105, 0.001, 4, "", nullptr,
-                             &status);
-  const std::vector<std::string> name{"SimDev1/ctr2"};
-  meter->setChannelAttributeString(zqgopher::StringArrayView(name), Vorex_CIFreqTerm,
-                                   "/SimDev1/Ctr1InternalOutput", &status);
   zqvorexPlugin_DutyCycleAndFrequencyF64 measured{0, 0};
   auto duty = makeTask("changed duty");
   duty->createCIPulseChannelFreq("SimDev1/ctr3", "", 1, 1e6, Vorex_Val_Hz, nullptr, &status);

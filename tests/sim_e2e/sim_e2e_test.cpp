@@ -1,57 +1,40 @@
 // The simulated device SimDev1 from end to end, as an application drives it: the public interface
-// alone, in an installation of this program's own (the storage library, the simulated device's
-// plug-in and the task catalogue in the shared folder, the build's explanation files, a fresh
-// store holding SimDev1) and the translator library in the system folder, which writes the items
-// of the plug-in's reports into the extended error text. Input n sees a sine of 1 + 0.5 n V peak
-// with 1 mV of noise.
+// alone, in an installation of this program's own (sim_installation.h), and the translator library
+// in the system folder, which writes the items of the plug-in's reports into the extended error
+// text. Input n sees a sine of 1 + 0.5 n V peak with 1 mV of noise.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cmath>
-#include <condition_variable>
-#include <cstdio>
 #include <cstdlib>
-#include <functional>
-#include <mutex>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "installation.h"
-#include "test_installation.h"
+#include "sim_installation.h"
 #include "zqcai_rd_mbcs.h"
 #include "zqvorex_status_codes.h"
 
 namespace {
 
-// Waits end with a failure instead of a hang; a test stuck inside a call ends the program.
-constexpr auto kHangGuard = std::chrono::minutes(2);
-constexpr auto kTestGuard = std::chrono::minutes(4);
+using zqsimrun::awaitPumping;
+
 // The default signal's noise peak, with room for the 16-bit converter's step.
 constexpr double kNoise = 0.0015;
 
 class Installation : public testing::Environment {
  public:
   void SetUp() override {
-    installation_ = std::make_unique<zqtest::TestInstallation>(
-        "sim_e2e", std::initializer_list<const char*>{ZQ_TEST_STORAGE_LIBRARY, ZQ_TEST_SIM_PLUGIN,
-                                                      ZQ_TEST_TASK_CATALOG});
-    installation_->installExplanations(ZQ_TEST_ERRORS_FOLDER);
+    zqsimrun::installSimulatedDevices("sim_e2e");
     translator_ = std::make_unique<zqtest::TranslatorFolder>();
     translator_->install(ZQ_TEST_XLATOR);
-    const std::string log = installation_->library("zqvorexStorage") + ".setup.txt";
-    ASSERT_EQ(installation_->storage(ZQ_TEST_STORAGE_TOOL, "new-sim-store --force > \"" + log + "\" 2>&1"), 0)
-        << "could not make the store with SimDev1 (see " << log << ")";
   }
-  void TearDown() override {
-    translator_.reset();
-    installation_.reset();
-  }
+  void TearDown() override { translator_.reset(); }
 
  private:
-  std::unique_ptr<zqtest::TestInstallation> installation_;
   std::unique_ptr<zqtest::TranslatorFolder> translator_;
 };
 
@@ -69,44 +52,7 @@ testing::AssertionResult ok(int32 code) {
   return testing::AssertionFailure() << "status " << code << ": " << lastReport();
 }
 
-bool await(const std::function<bool()>& reached) {
-  const auto limit = std::chrono::steady_clock::now() + kHangGuard;
-  while (!reached()) {
-    if (std::chrono::steady_clock::now() > limit) return false;
-    std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  }
-  return true;
-}
-
-// Ends the program when the test it watches has not returned in time.
-class TestGuard {
- public:
-  TestGuard()
-      : watcher_([this] {
-          std::unique_lock<std::mutex> lock(mutex_);
-          if (!changed_.wait_for(lock, kTestGuard, [this] { return finished_; })) {
-            std::fprintf(stderr, "%s hangs\n", testing::UnitTest::GetInstance()->current_test_info()->name());
-            std::fflush(stderr);
-            std::abort();
-          }
-        }) {}
-  ~TestGuard() {
-    {
-      std::lock_guard<std::mutex> lock(mutex_);
-      finished_ = true;
-    }
-    changed_.notify_all();
-    watcher_.join();
-  }
-
- private:
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  bool finished_ = false;
-  std::thread watcher_;
-};
-
-// Makes tasks of voltage channels and clears them at the test's end, under the guard.
+// Makes tasks of voltage channels and clears them at the test's end, under a hang guard.
 class SimEndToEnd : public testing::Test {
  protected:
   ~SimEndToEnd() override {
@@ -131,7 +77,7 @@ class SimEndToEnd : public testing::Test {
   }
 
  private:
-  TestGuard guard_;
+  zqsimrun::HangGuard guard_{testing::UnitTest::GetInstance()->current_test_info()->name()};
   std::vector<TaskHandle> tasks_;
 };
 
@@ -191,7 +137,7 @@ TEST_F(SimEndToEnd, EveryNSamplesCallbacksReadWhatTheyAreTold) {
   ASSERT_TRUE(
       ok(VorexRegisterEveryNSamplesEvent(task, Vorex_Val_Acquired_Into_Buffer, Stream::kN, 0, &Stream::read, &s)));
   ASSERT_TRUE(ok(VorexStartTask(task)));
-  ASSERT_TRUE(await([&] { return s.callbacks >= Stream::kCallbacks || s.failure != 0; }));
+  ASSERT_TRUE(awaitPumping([&] { return s.callbacks >= Stream::kCallbacks || s.failure != 0; }));
   ASSERT_TRUE(ok(VorexStopTask(task)));
   EXPECT_EQ(s.failure, 0);
   EXPECT_EQ(s.wrongCounts, 0);
@@ -211,7 +157,7 @@ TEST_F(SimEndToEnd, TheSampleClockSignalIsToldOncePerSample) {
   ASSERT_TRUE(ok(VorexRegisterSignalEvent(task, Vorex_Val_SampleClock, 0, tick, &ticks)));
   ASSERT_TRUE(ok(VorexStartTask(task)));
   ASSERT_TRUE(ok(VorexWaitUntilTaskDone(task, 60.0)));
-  ASSERT_TRUE(await([&] { return ticks >= 1000; }));
+  ASSERT_TRUE(awaitPumping([&] { return ticks >= 1000; }));
   EXPECT_EQ(ticks, 1000);
 }
 
@@ -221,7 +167,7 @@ TEST_F(SimEndToEnd, AFiniteAcquisitionTellsItIsDoneAndKeepsItsSamples) {
   TaskHandle task = voltageTask("E2eFinite", "SimDev1/ai2", 10000, Vorex_Val_FiniteSamps, kSamples);
   done.registerOn(task);
   ASSERT_TRUE(ok(VorexStartTask(task)));
-  ASSERT_TRUE(await([&] { return done.calls > 0; }));
+  ASSERT_TRUE(awaitPumping([&] { return done.calls > 0; }));
   EXPECT_EQ(done.status, 0);
   EXPECT_TRUE(done.sameTask);
   bool32 isDone = 0;
@@ -252,7 +198,7 @@ TEST_F(SimEndToEnd, AReaderThatStopsReadingOverrunsAndTheRunSaysSo) {
   ASSERT_TRUE(ok(readAnalog(task, 100, 10.0, values, &read)));
   EXPECT_EQ(read, 100);
   // The reader stops; the failure ends the run, which the done event tells.
-  ASSERT_TRUE(await([&] { return done.calls > 0; }));
+  ASSERT_TRUE(awaitPumping([&] { return done.calls > 0; }));
   EXPECT_EQ(done.status, nZQMDEV::kErrorReadOverrun);
   EXPECT_EQ(readAnalog(task, 100, 10.0, values, &read), nZQMDEV::kErrorReadOverrun);
   const std::string report = lastReport();
@@ -275,11 +221,11 @@ TEST_F(SimEndToEnd, AnAbortFromAnotherThreadOvertakesAReadThatWaits) {
     finished = true;
   });
   // No assertion until the join: the reader must not outlive what it reads into.
-  await([&] { return started.load(); });
+  awaitPumping([&] { return started.load(); });
   std::this_thread::sleep_for(std::chrono::milliseconds(50));
   // An abort that came before the read began to wait would only stop the task; each poll
   // aborts again until the read has ended.
-  const bool ended = await([&] {
+  const bool ended = awaitPumping([&] {
     VorexTaskControl(task, Vorex_Val_Task_Abort);
     return finished.load();
   });
