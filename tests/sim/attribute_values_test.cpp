@@ -66,7 +66,8 @@ TEST_P(Rates, AreTheTimebaseDividedByAWholeNumber) {
 INSTANTIATE_TEST_SUITE_P(Values, Rates,
                          testing::Values(RateCase{1e8, 1e8}, RateCase{2e8, 1e8}, RateCase{1000, 1000},
                                          RateCase{3e7, 1e8 / 3}, RateCase{2.4e7, 2.5e7},
-                                         RateCase{48000, 1e8 / 2083}));
+                                         RateCase{48000, 1e8 / 2083}, RateCase{3333, 1e8 / 30003},
+                                         RateCase{7e5, 1e8 / 143}, RateCase{0.3, 1e8 / 333333333}));
 
 TEST(CheckValue, RefusesWhatLiesOutsideTheRangeOrTheList) {
   LocalStatus status;

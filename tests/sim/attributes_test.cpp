@@ -120,13 +120,13 @@ TEST(Attributes, TheTaskNamesItsChannelsAndDevice) {
 
 TEST(Attributes, TimingCannotChangeWhileTheTaskRuns) {
   auto task = voltageTask();
-  ASSERT_EQ(sampleClock(*task, 1000, kContinuous, 1000).code, 0);
+  ASSERT_EQ(sampleClock(*task, 1000, Vorex_Val_ContSamps, 1000).code, 0);
   ASSERT_EQ(control(*task, 0).code, 0);
   zqerr::Status status;
   task->setTimingAttributeF64(zqgopher::StringArrayView(), Vorex_SampClkRate, 2000, &status);
   EXPECT_EQ(status.code, nZQMDEV::kErrorTaskRunning);
   zqerr::Status read;
-  task->setReadAttributeI32(zqgopher::StringArrayView(), Vorex_ReadRelativeTo, 10425, &read);
+  task->setReadAttributeI32(zqgopher::StringArrayView(), Vorex_ReadRelativeTo, Vorex_Val_CurrReadPos, &read);
   EXPECT_EQ(read.code, 0) << "read settings may change while the task runs";
   control(*task, 1);
 }

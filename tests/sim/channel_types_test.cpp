@@ -26,7 +26,7 @@ TEST_P(MeasurementTypes, ReadValuesOfTheirModelInTheirUnits) {
   zqerr::Status status;
   GetParam().create(*task, &status);
   ASSERT_EQ(status.code, 0) << status.report;
-  ASSERT_EQ(sampleClock(*task, 10000, kFinite, 2000).code, 0);
+  ASSERT_EQ(sampleClock(*task, 10000, Vorex_Val_FiniteSamps, 2000).code, 0);
   const Samples read = readVoltages(*task, -1, 30.0, 2000);
   ASSERT_EQ(read.count, 2000u) << read.outcome.report;
   for (double v : read.data) {
@@ -113,11 +113,11 @@ INSTANTIATE_TEST_SUITE_P(
                                 }},
                     RefusedType{"TEDSAIVoltage",
                                 [](zqvorexRedir::ITask& t, zqerr_Status* s) {
-                                  t.createTEDSAIVoltageChannel("SimDev1/ai0", "", -1, -10, 10, kVolts, "",
+                                  t.createTEDSAIVoltageChannel("SimDev1/ai0", "", -1, -10, 10, Vorex_Val_Volts, "",
                                                                nullptr, s);
                                 }},
                     RefusedType{"AIVoltageRMS", [](zqvorexRedir::ITask& t, zqerr_Status* s) {
-                                  t.createAIVoltageRMSChannel("SimDev1/ai0", "", -1, -10, 10, kVolts, "",
+                                  t.createAIVoltageRMSChannel("SimDev1/ai0", "", -1, -10, 10, Vorex_Val_Volts, "",
                                                               nullptr, s);
                                 }}));
 
@@ -131,7 +131,7 @@ class BadChannels : public testing::TestWithParam<BadChannel> {};
 TEST_P(BadChannels, AreRefusedAndLeaveTheTaskWithoutThem) {
   auto task = makeTask("bad channel");
   zqerr::Status status;
-  task->createAIVoltageChannel(GetParam().physical, "", -1, -10, 10, kVolts, "", nullptr, &status);
+  task->createAIVoltageChannel(GetParam().physical, "", -1, -10, 10, Vorex_Val_Volts, "", nullptr, &status);
   EXPECT_EQ(status.code, GetParam().code) << (status.report ? status.report : "");
 }
 
@@ -145,7 +145,7 @@ INSTANTIATE_TEST_SUITE_P(Names, BadChannels,
 TEST(Channels, AnInputRangeNoDeviceRangeHoldsIsRefusedAtTheStart) {
   auto task = makeTask("too wide");
   zqerr::Status status;
-  task->createAIVoltageChannel("SimDev1/ai0", "", -1, -20, 20, kVolts, "", nullptr, &status);
+  task->createAIVoltageChannel("SimDev1/ai0", "", -1, -20, 20, Vorex_Val_Volts, "", nullptr, &status);
   ASSERT_EQ(status.code, 0);
   const Outcome started = control(*task, 0);
   EXPECT_EQ(started.code, nZQMDEV::kErrorValueOutOfRange);
@@ -156,14 +156,14 @@ TEST(Channels, AnalogOutputsAndInputsDoNotShareATask) {
   auto task = makeTask("mixed");
   ASSERT_EQ(addVoltage(*task, "SimDev1/ai0").code, 0);
   zqerr::Status status;
-  task->createAOVoltageChannel("SimDev1/ao0", "", -10, 10, kVolts, "", nullptr, &status);
+  task->createAOVoltageChannel("SimDev1/ao0", "", -10, 10, Vorex_Val_Volts, "", nullptr, &status);
   EXPECT_EQ(status.code, nZQMDEV::kErrorMixedChannelKinds);
 }
 
 TEST(Channels, ACustomScaleIsRefusedRatherThanIgnored) {
   auto task = makeTask("custom scale");
   zqerr::Status status;
-  task->createAIVoltageChannel("SimDev1/ai0", "", -1, -10, 10, 10065, "MyScale", nullptr, &status);
+  task->createAIVoltageChannel("SimDev1/ai0", "", -1, -10, 10, Vorex_Val_FromCustomScale, "MyScale", nullptr, &status);
   EXPECT_EQ(status.code, zqapalerr_featureUnsupported);
 }
 

@@ -20,7 +20,7 @@ int16_t codeOf(double volts, double range) {
 TEST(Control, AWrongConfigurationFailsAtVerifyAndNotBefore) {
   auto task = makeTask("verify");
   zqerr::Status status;
-  task->createAIVoltageChannel("SimDev1/ai0", "", -1, -12, 12, kVolts, "", nullptr, &status);
+  task->createAIVoltageChannel("SimDev1/ai0", "", -1, -12, 12, Vorex_Val_Volts, "", nullptr, &status);
   ASSERT_EQ(status.code, 0);
   EXPECT_EQ(control(*task, kVerify).code, nZQMDEV::kErrorValueOutOfRange);
   task->setChannelAttributeF64(zqgopher::StringArrayView(), Vorex_AIMax, 5, &status);
@@ -47,7 +47,7 @@ TEST(Control, AReservationHeldUntilUnreserved) {
 TEST(Control, WaitingForAContinuousTaskToEndTimesOut) {
   auto task = makeTask("endless");
   ASSERT_EQ(addVoltage(*task, "SimDev1/ai0").code, 0);
-  ASSERT_EQ(sampleClock(*task, 1000, kContinuous, 1000).code, 0);
+  ASSERT_EQ(sampleClock(*task, 1000, Vorex_Val_ContSamps, 1000).code, 0);
   ASSERT_EQ(control(*task, kStart).code, 0);
   zqerr::Status status;
   task->waitUntilTaskDone(0.02, &status);
@@ -61,7 +61,7 @@ TEST(Control, WaitingForAContinuousTaskToEndTimesOut) {
 TEST(BinaryReads, GiveTheConverterCodesOfTheRange) {
   auto task = makeTask("binary");
   ASSERT_EQ(addVoltage(*task, "SimDev1/ai5:6", 5.0).code, 0);
-  ASSERT_EQ(sampleClock(*task, 1000, kFinite, 10).code, 0);
+  ASSERT_EQ(sampleClock(*task, 1000, Vorex_Val_FiniteSamps, 10).code, 0);
   std::vector<int16_t> codes(20, 0);
   zqerr::Status status;
   zqgopher::ArrayBufferAdapter buffer(codes.data(), codes.size(), &status);
@@ -78,7 +78,7 @@ TEST(BinaryReads, GiveTheConverterCodesOfTheRange) {
 TEST(RawReads, GiveTheCodesAsLittleEndianBytesByScan) {
   auto task = makeTask("raw");
   ASSERT_EQ(addVoltage(*task, "SimDev1/ai5:6").code, 0);
-  ASSERT_EQ(sampleClock(*task, 1000, kFinite, 4).code, 0);
+  ASSERT_EQ(sampleClock(*task, 1000, Vorex_Val_FiniteSamps, 4).code, 0);
   std::vector<uint8_t> bytes(16, 0);
   zqerr::Status status;
   zqgopher::ArrayBufferAdapter buffer(bytes.data(), bytes.size(), &status);

@@ -11,13 +11,12 @@ namespace zqtest::sim {
 namespace {
 
 constexpr int32_t kX1 = 10090;
-constexpr int32_t kMeters = 10219;
 
 std::shared_ptr<zqvorexRedir::Task> pulseTicks(const std::string& counter, int32_t low, int32_t high,
                                                int32_t mode, uint64_t count) {
   auto task = makeTask("ticks " + counter);
   zqerr::Status status;
-  task->createCOPulseChannelTicks(counter, "", "", kLow, 0, low, high, nullptr, &status);
+  task->createCOPulseChannelTicks(counter, "", "", Vorex_Val_Low, 0, low, high, nullptr, &status);
   task->configureImplicitTiming(mode, count, &status);
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
   return task;
@@ -26,14 +25,14 @@ std::shared_ptr<zqvorexRedir::Task> pulseTicks(const std::string& counter, int32
 TEST(Counters, AnEncoderFollowsThePulsesOnItsInput) {
   auto encoder = makeTask("encoder");
   zqerr::Status status;
-  encoder->createCILinEncoderChannel("SimDev1/ctr1", "", kX1, 0, 0, 10040, kMeters, 0.001, 0.5, "", nullptr,
+  encoder->createCILinEncoderChannel("SimDev1/ctr1", "", kX1, 0, 0, 10040, Vorex_Val_Meters, 0.001, 0.5, "", nullptr,
                                      &status);
   const std::vector<std::string> name{"SimDev1/ctr1"};
   encoder->setChannelAttributeString(zqgopher::StringArrayView(name), Vorex_CIEncoderAInputTerm,
                                      "/SimDev1/Ctr0InternalOutput", &status);
   ASSERT_EQ(status.code, 0) << status.report;
   ASSERT_EQ(control(*encoder, 0).code, 0);
-  auto pulses = pulseTicks("SimDev1/ctr0", 50000, 50000, kFinite, 300);
+  auto pulses = pulseTicks("SimDev1/ctr0", 50000, 50000, Vorex_Val_FiniteSamps, 300);
   ASSERT_EQ(control(*pulses, 0).code, 0);
   pulses->waitUntilTaskDone(60.0, &status);
   ASSERT_EQ(status.code, 0) << status.report;
@@ -45,7 +44,7 @@ TEST(Counters, AnEncoderFollowsThePulsesOnItsInput) {
 }
 
 TEST(Counters, APulseIsMeasuredInTicksOfTheTimebase) {
-  auto pulses = pulseTicks("SimDev1/ctr2", 30000, 10000, 10123, 1000);
+  auto pulses = pulseTicks("SimDev1/ctr2", 30000, 10000, Vorex_Val_ContSamps, 1000);
   ASSERT_EQ(control(*pulses, 0).code, 0);
   auto meter = makeTask("tick meter");
   zqerr::Status status;
@@ -65,12 +64,12 @@ TEST(Counters, ADigitalInputSamplesACounterOutputOnItsPfiLine) {
   // ctr0 drives PFI12, which is port2/line4: 1 kHz at half duty, sampled at 20 kS/s.
   auto pulses = makeTask("pfi pulses");
   zqerr::Status status;
-  pulses->createCOPulseChannelFreq("SimDev1/ctr0", "", kHz, kLow, 0.0, 1000, 0.5, nullptr, &status);
-  pulses->configureImplicitTiming(kContinuous, 1000, &status);
+  pulses->createCOPulseChannelFreq("SimDev1/ctr0", "", Vorex_Val_Hz, Vorex_Val_Low, 0.0, 1000, 0.5, nullptr, &status);
+  pulses->configureImplicitTiming(Vorex_Val_ContSamps, 1000, &status);
   ASSERT_EQ(control(*pulses, 0).code, 0);
   auto input = makeTask("pfi line");
-  input->createDIChannel("SimDev1/port2/line4", "", kChanForAllLines, nullptr, &status);
-  input->configureSampleClockTiming("", 20000, kRising, kFinite, 400, &status);
+  input->createDIChannel("SimDev1/port2/line4", "", Vorex_Val_ChanForAllLines, nullptr, &status);
+  input->configureSampleClockTiming("", 20000, Vorex_Val_Rising, Vorex_Val_FiniteSamps, 400, &status);
   ASSERT_EQ(status.code, 0) << status.report;
   std::vector<uint8_t> values(400, 7);
   zqgopher::ArrayBufferAdapter buffer(values.data(), values.size(), &status);
@@ -87,20 +86,15 @@ TEST(Counters, ADigitalInputSamplesACounterOutputOnItsPfiLine) {
 TEST(Counters, ANewFrequencyTakesOverWhileTheOutputRuns) {
   auto pulses = makeTask("changing pulses");
   zqerr::Status status;
-  pulses->createCOPulseChannelFreq("SimDev1/ctr1", "", kHz, kLow, 0.0, 1000, 0.5, nullptr, &status);
-  pulses->configureImplicitTiming(kContinuous, 1000, &status);
+  pulses->createCOPulseChannelFreq("SimDev1/ctr1", "", Vorex_Val_Hz, Vorex_Val_Low, 0.0, 1000, 0.5, nullptr, &status);
+  pulses->configureImplicitTiming(Vorex_Val_ContSamps, 1000, &status);
   ASSERT_EQ(control(*pulses, 0).code, 0);
   pulses->writeScalarCounterDutyCycleAndFrequencyF64(kCounterOutput, false, 10.0, {0.25, 4000}, nullptr,
                                                      &status);
   ASSERT_EQ(status.code, 0) << status.report;
-  auto meter = makeTask("changed meter");
-  meter->createCIFreqChannel("SimDev1/ctr2", "", 1, 1e6, kHz, kRising, 10105, 0.001, 4, "", nullptr, &status);
-  const std::vector<std::string> name{"SimDev1/ctr2"};
-  meter->setChannelAttributeString(zqgopher::StringArrayView(name), Vorex_CIFreqTerm,
-                                   "/SimDev1/Ctr1InternalOutput", &status);
   zqvorexPlugin_DutyCycleAndFrequencyF64 measured{0, 0};
   auto duty = makeTask("changed duty");
-  duty->createCIPulseChannelFreq("SimDev1/ctr3", "", 1, 1e6, kHz, nullptr, &status);
+  duty->createCIPulseChannelFreq("SimDev1/ctr3", "", 1, 1e6, Vorex_Val_Hz, nullptr, &status);
   const std::vector<std::string> dutyName{"SimDev1/ctr3"};
   duty->setChannelAttributeString(zqgopher::StringArrayView(dutyName), Vorex_CIPulseFreqTerminal,
                                   "/SimDev1/Ctr1InternalOutput", &status);

@@ -118,7 +118,7 @@ TEST(Events, EveryNSamplesCallbacksReadWhatTheyAreTold) {
   EventState state;
   TestEvent event{{}, &state};
   event.table.every = &kEveryTable;
-  auto task = acquisition("every n", "SimDev1/ai0:3", 100000, kContinuous, 2000000);
+  auto task = acquisition("every n", "SimDev1/ai0:3", 100000, Vorex_Val_ContSamps, 2000000);
   state.fired = [&](uint32_t count, int32_t) {
     for (uint32_t i = 0; i < count; ++i) {
       Samples read = readVoltages(*task, 10000, 10.0, 40000);
@@ -155,7 +155,7 @@ TEST(Events, DoneComesWhenAFiniteAcquisitionEnds) {
     code = taskCode;
     ++done;
   };
-  auto task = acquisition("done", "SimDev1/ai5", 10000, kFinite, 500);
+  auto task = acquisition("done", "SimDev1/ai5", 10000, Vorex_Val_FiniteSamps, 500);
   zqerr::Status status;
   task->registerDoneEvent(true, reinterpret_cast<zqgopher_IEventDone*>(&event), &status);
   Ending ending(*task, state);
@@ -172,7 +172,7 @@ TEST(Events, DoneCarriesTheFailureThatEndedTheTask) {
   TestEvent event{{}, &state};
   event.table.done = &kDoneTable;
   state.fired = [&](uint32_t, int32_t taskCode) { code = taskCode; };
-  auto task = acquisition("done by overrun", "SimDev1/ai5", 10000, kContinuous, 1000);
+  auto task = acquisition("done by overrun", "SimDev1/ai5", 10000, Vorex_Val_ContSamps, 1000);
   zqerr::Status status;
   task->setBufferAttributeSize(zqgopher::StringArrayView(), 6252, 1000, &status);
   task->registerDoneEvent(true, reinterpret_cast<zqgopher_IEventDone*>(&event), &status);
@@ -188,7 +188,7 @@ TEST(Events, TheSampleClockSignalIsToldOncePerSample) {
   TestEvent event{{}, &state};
   event.table.signal = &kSignalTable;
   state.fired = [&](uint32_t count, int32_t) { ticks += count; };
-  auto task = acquisition("clock signal", "SimDev1/ai5", 20000, kFinite, 1000);
+  auto task = acquisition("clock signal", "SimDev1/ai5", 20000, Vorex_Val_FiniteSamps, 1000);
   zqerr::Status status;
   task->registerSignalEvent(kSampleClock, true, reinterpret_cast<zqgopher_IEventSignal*>(&event), &status);
   ASSERT_EQ(status.code, 0) << status.report;
@@ -204,7 +204,7 @@ TEST(Events, ThePlugInGivesItsReferenceBackWhenTheEventGoes) {
   EventState state;
   TestEvent event{{}, &state};
   event.table.every = &kEveryTable;
-  auto task = acquisition("references", "SimDev1/ai5", 1000, kContinuous, 1000);
+  auto task = acquisition("references", "SimDev1/ai5", 1000, Vorex_Val_ContSamps, 1000);
   zqerr::Status status;
   const auto token = task->registerEveryNSamplesEvent(
       kAcquired, 100, true, reinterpret_cast<zqgopher_IEventEveryNSamples*>(&event), &status);
@@ -224,7 +224,7 @@ TEST(Events, AnInputTaskRefusesEventsOfSamplesLeavingItsBuffer) {
   EventState state;
   TestEvent event{{}, &state};
   event.table.every = &kEveryTable;
-  auto task = acquisition("wrong event", "SimDev1/ai5", 1000, kContinuous, 1000);
+  auto task = acquisition("wrong event", "SimDev1/ai5", 1000, Vorex_Val_ContSamps, 1000);
   zqerr::Status status;
   task->registerEveryNSamplesEvent(kTransferred, 100, true,
                                    reinterpret_cast<zqgopher_IEventEveryNSamples*>(&event), &status);

@@ -14,14 +14,6 @@ namespace {
 
 constexpr int32_t kSquare = 14753;
 
-std::shared_ptr<zqvorexRedir::Task> voltageOutput(const std::string& physical) {
-  auto task = makeTask("generation " + physical);
-  zqerr::Status status;
-  task->createAOVoltageChannel(physical, "", -10, 10, kVolts, "", nullptr, &status);
-  EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
-  return task;
-}
-
 TEST(Generation, AFunctionGeneratorIsSeenOnItsInput) {
   auto generator = makeTask("function generator");
   zqerr::Status status;
@@ -30,7 +22,7 @@ TEST(Generation, AFunctionGeneratorIsSeenOnItsInput) {
   ASSERT_EQ(control(*generator, 0).code, 0);
   auto input = makeTask("function input");
   ASSERT_EQ(addVoltage(*input, "SimDev1/ai0").code, 0);
-  ASSERT_EQ(sampleClock(*input, 10000, kFinite, 1000).code, 0);
+  ASSERT_EQ(sampleClock(*input, 10000, Vorex_Val_FiniteSamps, 1000).code, 0);
   const Samples read = readVoltages(*input, -1, 30.0, 1000);
   ASSERT_EQ(read.count, 1000u) << read.outcome.report;
   int high = 0;
@@ -45,7 +37,7 @@ TEST(Generation, AFunctionGeneratorIsSeenOnItsInput) {
 
 TEST(Generation, AFiniteGenerationTellsItsTransfersAndItsEnd) {
   auto output = voltageOutput("SimDev1/ao1");
-  ASSERT_EQ(sampleClock(*output, 10000, kFinite, 1000).code, 0);
+  ASSERT_EQ(sampleClock(*output, 10000, Vorex_Val_FiniteSamps, 1000).code, 0);
   std::vector<double> samples(1000);
   for (size_t k = 0; k < samples.size(); ++k) samples[k] = std::sin(k * 0.01);
   ASSERT_EQ(writeVoltages(*output, samples, 1, false).code, 0);
@@ -61,10 +53,10 @@ TEST(Generation, AFiniteGenerationTellsItsTransfersAndItsEnd) {
 
 TEST(Generation, AWriteThatFindsNoRoomTimesOut) {
   auto output = voltageOutput("SimDev1/ao2");
-  ASSERT_EQ(sampleClock(*output, 10, kContinuous, 100).code, 0);
+  ASSERT_EQ(sampleClock(*output, 10, Vorex_Val_ContSamps, 100).code, 0);
   zqerr::Status status;
-  output->setWriteAttributeI32(zqgopher::StringArrayView(), Vorex_WriteRegenMode, kDoNotAllowRegen, &status);
-  output->setBufferAttributeSize(zqgopher::StringArrayView(), 6253, 100, &status);
+  output->setWriteAttributeI32(zqgopher::StringArrayView(), Vorex_WriteRegenMode, Vorex_Val_DoNotAllowRegen, &status);
+  output->setBufferAttributeSize(zqgopher::StringArrayView(), Vorex_BufOutputBufSize, 100, &status);
   ASSERT_EQ(status.code, 0) << status.report;
   ASSERT_EQ(writeVoltages(*output, std::vector<double>(100, 0.5), 1, true).code, 0);
   zqerr::Status late;
@@ -80,7 +72,7 @@ TEST(Generation, AWriteThatFindsNoRoomTimesOut) {
 
 TEST(Generation, StartingWithNothingWrittenIsRefused) {
   auto output = voltageOutput("SimDev1/ao3");
-  ASSERT_EQ(sampleClock(*output, 1000, kContinuous, 100).code, 0);
+  ASSERT_EQ(sampleClock(*output, 1000, Vorex_Val_ContSamps, 100).code, 0);
   EXPECT_EQ(control(*output, 0).code, nZQMDEV::kErrorNoSamplesWritten);
 }
 

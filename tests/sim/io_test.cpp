@@ -1,6 +1,6 @@
 // Outputs wired back to inputs like a loopback cable: analog outputs seen on ai0:3, digital
-// lines read back, a counter output counted and measured by a counter input, and an
-// acquisition started by an output's start trigger.
+// lines read back, a counter output measured by a counter input (the count_edges example counts
+// one), and an acquisition started by an output's start trigger.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -15,28 +15,19 @@ namespace {
 
 constexpr double kNoise = 0.0011;
 
-double readScalar(zqvorexRedir::ITask& task, uint32_t kind, Outcome* outcome = nullptr) {
+double readScalar(zqvorexRedir::ITask& task, uint32_t kind) {
   zqerr::Status status;
   double value = -99;
   task.readScaledScalarF64(kind, 10.0, &value, nullptr, &status);
-  if (outcome) *outcome = take(status);
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
   return value;
-}
-
-std::shared_ptr<zqvorexRedir::Task> analogOutput(const std::string& physical) {
-  auto task = makeTask("output " + physical);
-  zqerr::Status status;
-  task->createAOVoltageChannel(physical, "", -10, 10, kVolts, "", nullptr, &status);
-  EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
-  return task;
 }
 
 TEST(Loopback, AnAnalogOutputIsSeenOnItsInputWhileItsTaskLives) {
   auto input = makeTask("looking");
   ASSERT_EQ(addVoltage(*input, "SimDev1/ai2").code, 0);
   {
-    auto output = analogOutput("SimDev1/ao2");
+    auto output = voltageOutput("SimDev1/ao2");
     zqerr::Status status;
     output->writeScaledScalarF64(kAnalogOutput, true, 10.0, 2.5, nullptr, &status);
     ASSERT_EQ(status.code, 0) << status.report;
@@ -49,7 +40,7 @@ TEST(Loopback, AnAnalogOutputIsSeenOnItsInputWhileItsTaskLives) {
 TEST(Loopback, AnOutputOutsideItsRangeIsRefusedWithTheRange) {
   auto output = makeTask("narrow output");
   zqerr::Status status;
-  output->createAOVoltageChannel("SimDev1/ao0", "", -1, 1, kVolts, "", nullptr, &status);
+  output->createAOVoltageChannel("SimDev1/ao0", "", -1, 1, Vorex_Val_Volts, "", nullptr, &status);
   output->writeScaledScalarF64(kAnalogOutput, true, 10.0, 1.5, nullptr, &status);
   EXPECT_EQ(status.code, nZQMDEV::kErrorValueOutOfRange);
   EXPECT_EQ(itemValue(status.report, "kUsageTypeMaximumValue"), "1");
@@ -58,17 +49,17 @@ TEST(Loopback, AnOutputOutsideItsRangeIsRefusedWithTheRange) {
 // The output's start trigger starts the acquisition: both run on one clock from one moment, so
 // the input's sample k is the output's sample k.
 TEST(Loopback, AnAcquisitionStartedByTheOutputsStartTriggerSeesEachSampleOfTheOutput) {
-  auto output = analogOutput("SimDev1/ao1");
-  ASSERT_EQ(sampleClock(*output, 1000, kFinite, 100).code, 0);
+  auto output = voltageOutput("SimDev1/ao1");
+  ASSERT_EQ(sampleClock(*output, 1000, Vorex_Val_FiniteSamps, 100).code, 0);
   std::vector<double> ramp;
   for (int k = 0; k < 100; ++k) ramp.push_back(-2.5 + 0.05 * k);
   ASSERT_EQ(writeVoltages(*output, ramp, 1, false).code, 0);
 
   auto input = makeTask("triggered input");
   ASSERT_EQ(addVoltage(*input, "SimDev1/ai1").code, 0);
-  ASSERT_EQ(sampleClock(*input, 1000, kFinite, 100).code, 0);
+  ASSERT_EQ(sampleClock(*input, 1000, Vorex_Val_FiniteSamps, 100).code, 0);
   zqerr::Status status;
-  input->configureDigitalEdgeStartTrigger("/SimDev1/ao/StartTrigger", kRising, &status);
+  input->configureDigitalEdgeStartTrigger("/SimDev1/ao/StartTrigger", Vorex_Val_Rising, &status);
   ASSERT_EQ(status.code, 0);
   ASSERT_EQ(control(*input, 0).code, 0);
   // Nothing comes before the output starts.
@@ -82,10 +73,10 @@ TEST(Loopback, AnAcquisitionStartedByTheOutputsStartTriggerSeesEachSampleOfTheOu
 }
 
 TEST(Loopback, AnOutputThatRunsOutOfSamplesIsAnUnderflow) {
-  auto output = analogOutput("SimDev1/ao3");
-  ASSERT_EQ(sampleClock(*output, 1000, kContinuous, 1000).code, 0);
+  auto output = voltageOutput("SimDev1/ao3");
+  ASSERT_EQ(sampleClock(*output, 1000, Vorex_Val_ContSamps, 1000).code, 0);
   zqerr::Status status;
-  output->setWriteAttributeI32(zqgopher::StringArrayView(), Vorex_WriteRegenMode, kDoNotAllowRegen, &status);
+  output->setWriteAttributeI32(zqgopher::StringArrayView(), Vorex_WriteRegenMode, Vorex_Val_DoNotAllowRegen, &status);
   ASSERT_EQ(status.code, 0) << status.report;
   ASSERT_EQ(writeVoltages(*output, std::vector<double>(200, 1.0), 1, true).code, 0);
   ASSERT_TRUE(eventually([&] {
@@ -110,8 +101,8 @@ TEST_P(DigitalLoopback, LinesReadBackWhatWasWritten) {
   auto output = makeTask("digital out");
   auto input = makeTask("digital in");
   zqerr::Status status;
-  output->createDOChannel(GetParam().lines, "", kChanForAllLines, nullptr, &status);
-  input->createDIChannel(GetParam().lines, "", kChanForAllLines, nullptr, &status);
+  output->createDOChannel(GetParam().lines, "", Vorex_Val_ChanForAllLines, nullptr, &status);
+  input->createDIChannel(GetParam().lines, "", Vorex_Val_ChanForAllLines, nullptr, &status);
   ASSERT_EQ(status.code, 0) << status.report;
   output->writePortScalarU32(kDigitalOutput, true, 10.0, GetParam().value, nullptr, &status);
   uint32_t value = 0;
@@ -129,8 +120,8 @@ TEST(DigitalLoopback, LinesReadAsOneByteEach) {
   auto output = makeTask("lines out");
   auto input = makeTask("lines in");
   zqerr::Status status;
-  output->createDOChannel("SimDev1/port0/line4:7", "", kChanForAllLines, nullptr, &status);
-  input->createDIChannel("SimDev1/port0/line4:7", "", kChanForAllLines, nullptr, &status);
+  output->createDOChannel("SimDev1/port0/line4:7", "", Vorex_Val_ChanForAllLines, nullptr, &status);
+  input->createDIChannel("SimDev1/port0/line4:7", "", Vorex_Val_ChanForAllLines, nullptr, &status);
   output->writePortScalarU32(kDigitalOutput, true, 10.0, 0x6, nullptr, &status);
   std::vector<uint8_t> bytes(4, 9);
   const uint32_t lines[] = {4};
@@ -146,39 +137,19 @@ std::shared_ptr<zqvorexRedir::Task> pulses(const std::string& counter, double fr
                                            uint64_t count) {
   auto task = makeTask("pulses " + counter);
   zqerr::Status status;
-  task->createCOPulseChannelFreq(counter, "", kHz, kLow, 0.0, frequency, 0.5, nullptr, &status);
+  task->createCOPulseChannelFreq(counter, "", Vorex_Val_Hz, Vorex_Val_Low, 0.0, frequency, 0.5, nullptr, &status);
   task->configureImplicitTiming(mode, count, &status);
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
   return task;
 }
 
-TEST(Counters, ACountEdgesInputCountsEveryPulseOfAnOutput) {
-  auto counter = makeTask("edge counter");
-  zqerr::Status status;
-  counter->createCICountEdgesChannel("SimDev1/ctr1", "", kRising, 0, kCountUp, nullptr, &status);
-  const std::vector<std::string> name{"SimDev1/ctr1"};
-  counter->setChannelAttributeString(zqgopher::StringArrayView(name), Vorex_CICountEdgesTerm,
-                                     "/SimDev1/PFI12", &status);
-  ASSERT_EQ(status.code, 0) << status.report;
-  ASSERT_EQ(control(*counter, 0).code, 0);
-  auto output = pulses("SimDev1/ctr0", 1000, kFinite, 250);
-  ASSERT_EQ(control(*output, 0).code, 0);
-  output->waitUntilTaskDone(60.0, &status);
-  ASSERT_EQ(status.code, 0) << status.report;
-  uint32_t count = 0;
-  counter->readBinaryScalarU32(kCounterInput, 10.0, &count, nullptr, &status);
-  ASSERT_EQ(status.code, 0) << status.report;
-  EXPECT_EQ(count, 250u);
-  control(*counter, 1);
-}
-
 TEST(Counters, AFrequencyInputMeasuresAnOutputsFrequency) {
-  auto output = pulses("SimDev1/ctr3", 2000, kContinuous, 1000);
+  auto output = pulses("SimDev1/ctr3", 2000, Vorex_Val_ContSamps, 1000);
   ASSERT_EQ(control(*output, 0).code, 0);
   auto meter = makeTask("frequency meter");
   zqerr::Status status;
-  meter->createCIFreqChannel("SimDev1/ctr2", "", 1, 100000, kHz, kRising, 10105, 0.001, 4, "", nullptr,
-                             &status);
+  meter->createCIFreqChannel("SimDev1/ctr2", "", 1, 100000, Vorex_Val_Hz, Vorex_Val_Rising, 10105, 0.001, 4, "",
+                             nullptr, &status);
   const std::vector<std::string> name{"SimDev1/ctr2"};
   meter->setChannelAttributeString(zqgopher::StringArrayView(name), Vorex_CIFreqTerm,
                                    "/SimDev1/Ctr3InternalOutput", &status);
@@ -190,7 +161,7 @@ TEST(Counters, AFrequencyInputMeasuresAnOutputsFrequency) {
 TEST(Counters, AnUndrivenInputMeasuresNothingAndTimesOut) {
   auto meter = makeTask("idle meter");
   zqerr::Status status;
-  meter->createCIPeriodChannel("SimDev1/ctr1", "", 1e-6, 1, 10364, kRising, 10105, 0.001, 4, "", nullptr,
+  meter->createCIPeriodChannel("SimDev1/ctr1", "", 1e-6, 1, 10364, Vorex_Val_Rising, 10105, 0.001, 4, "", nullptr,
                                &status);
   double value = 0;
   meter->readScaledScalarF64(kCounterInput, 0.05, &value, nullptr, &status);

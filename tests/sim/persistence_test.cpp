@@ -16,10 +16,10 @@ const std::vector<std::string> kNamed{"Pressure"};
 std::shared_ptr<zqvorexRedir::Task> configured(const std::string& name) {
   auto task = makeTask(name);
   zqerr::Status status;
-  task->createAIVoltageChannel("SimDev1/ai3", "Pressure", -1, -5, 5, kVolts, "", nullptr, &status);
-  task->createAIVoltageChannel("SimDev1/ai5", "", -1, -10, 10, kVolts, "", nullptr, &status);
-  task->configureSampleClockTiming("", 2500, kRising, kFinite, 777, &status);
-  task->configureAnalogEdgeStartTrigger("Pressure", kFalling, 0.5, &status);
+  task->createAIVoltageChannel("SimDev1/ai3", "Pressure", -1, -5, 5, Vorex_Val_Volts, "", nullptr, &status);
+  task->createAIVoltageChannel("SimDev1/ai5", "", -1, -10, 10, Vorex_Val_Volts, "", nullptr, &status);
+  task->configureSampleClockTiming("", 2500, Vorex_Val_Rising, Vorex_Val_FiniteSamps, 777, &status);
+  task->configureAnalogEdgeStartTrigger("Pressure", Vorex_Val_Falling, 0.5, &status);
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
   return task;
 }
@@ -39,7 +39,7 @@ void expectSameConfiguration(zqvorexRedir::ITask& task) {
   EXPECT_EQ(task.getTimingAttributeU64(zqgopher::StringArrayView(), Vorex_SampQuantSampPerChan, &status),
             777u);
   EXPECT_EQ(task.getTimingAttributeI32(zqgopher::StringArrayView(), Vorex_AnlgEdgeStartTrigSlope, &status),
-            kFalling);
+            Vorex_Val_Falling);
   EXPECT_EQ(task.getChannelAttributeF64(zqgopher::StringArrayView(kNamed), Vorex_AIMax, &status), 5.0);
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
 }
@@ -80,7 +80,7 @@ TEST(Persistence, SavingOverATaskWithoutLeaveIsRefused) {
   task->saveTask("SimOnce", "", true, true, true, true, &status);
   ASSERT_EQ(status.code, 0) << status.report;
   task->saveTask("SimOnce", "", false, true, true, true, &status);
-  EXPECT_EQ(status.code, -200089);
+  EXPECT_EQ(status.code, nZQMSTS::kErrorDuplicateTask);
 }
 
 TEST(Persistence, AGlobalChannelJoinsAnotherTaskWithItsSettings) {

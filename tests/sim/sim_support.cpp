@@ -56,6 +56,12 @@ std::shared_ptr<zqvorexRedir::IPluginSelector> selector() {
   return shared;
 }
 
+std::string binFolder() {
+  const std::string& program = programPath();
+  const size_t slash = program.find_last_of("/\\");
+  return slash == std::string::npos ? std::string(".") : program.substr(0, slash);
+}
+
 // One manager for the program, never destroyed: as in the library, the plug-in stays loaded to
 // the process's end, so what it keeps for the process (its device registry) stays reachable.
 std::shared_ptr<zqvorexRedir::PluginManager> manager() {
@@ -76,12 +82,6 @@ void useSimStore() {
   setEnvironment("ZQCAI_STORAGE_FILE", path);
 }
 
-std::string binFolder() {
-  const std::string& program = programPath();
-  const size_t slash = program.find_last_of("/\\");
-  return slash == std::string::npos ? std::string(".") : program.substr(0, slash);
-}
-
 std::shared_ptr<zqvorexRedir::Task> makeTask(const std::string& name) {
   useSimStore();
   zqvorexRedir::TaskParts parts;
@@ -93,17 +93,25 @@ std::shared_ptr<zqvorexRedir::Task> makeTask(const std::string& name) {
   return std::make_shared<zqvorexRedir::Task>(std::move(parts));
 }
 
+std::shared_ptr<zqvorexRedir::Task> voltageOutput(const std::string& physical) {
+  auto task = makeTask("output " + physical);
+  zqerr::Status status;
+  task->createAOVoltageChannel(physical, "", -10, 10, Vorex_Val_Volts, "", nullptr, &status);
+  EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
+  return task;
+}
+
 Outcome take(const zqerr_Status& status) { return {status.code, status.report ? status.report : ""}; }
 
 Outcome addVoltage(zqvorexRedir::ITask& task, const std::string& physical, double range) {
   zqerr::Status status;
-  task.createAIVoltageChannel(physical, "", -1, -range, range, kVolts, "", nullptr, &status);
+  task.createAIVoltageChannel(physical, "", -1, -range, range, Vorex_Val_Volts, "", nullptr, &status);
   return take(status);
 }
 
 Outcome sampleClock(zqvorexRedir::ITask& task, double rate, int32_t mode, uint64_t samples) {
   zqerr::Status status;
-  task.configureSampleClockTiming("", rate, kRising, mode, samples, &status);
+  task.configureSampleClockTiming("", rate, Vorex_Val_Rising, mode, samples, &status);
   return take(status);
 }
 
@@ -136,10 +144,10 @@ Outcome writeVoltages(zqvorexRedir::ITask& task, const std::vector<double>& valu
   return take(status);
 }
 
-double timingF64(zqvorexRedir::ITask& task, int32_t id, Outcome* outcome) {
+double timingF64(zqvorexRedir::ITask& task, int32_t id) {
   zqerr::Status status;
   const double value = task.getTimingAttributeF64(zqgopher::StringArrayView(), id, &status);
-  if (outcome) *outcome = take(status);
+  EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
   return value;
 }
 
@@ -148,12 +156,6 @@ uint64_t readU64(zqvorexRedir::ITask& task, int32_t id) {
   const uint64_t value = task.getReadAttributeU64(zqgopher::StringArrayView(), id, &status);
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
   return value;
-}
-
-Outcome setTimingI32(zqvorexRedir::ITask& task, int32_t id, int32_t value) {
-  zqerr::Status status;
-  task.setTimingAttributeI32(zqgopher::StringArrayView(), id, value, &status);
-  return take(status);
 }
 
 double quantized(double volts, double range) {

@@ -11,6 +11,7 @@
 
 #include "status/status.h"
 #include "task/task.h"
+#include "zqcai_rd_mbcs_values.h"
 
 namespace zqtest::sim {
 
@@ -19,18 +20,7 @@ inline constexpr const char* kContextName = "127.0.0.1";
 // Simulated seconds per wall-clock second in these programs.
 inline constexpr double kSpeed = 5.0;
 
-// Values of the device's settings the tests use.
-inline constexpr int32_t kVolts = 10348;
-inline constexpr int32_t kRising = 10280;
-inline constexpr int32_t kFalling = 10171;
-inline constexpr int32_t kFinite = 10178;
-inline constexpr int32_t kContinuous = 10123;
-inline constexpr int32_t kOverwrite = 10252;
-inline constexpr int32_t kDoNotAllowRegen = 10158;
-inline constexpr int32_t kChanForAllLines = 1;
-inline constexpr int32_t kLow = 10214;
-inline constexpr int32_t kHz = 10373;
-inline constexpr int32_t kCountUp = 10128;
+// The kinds of channel the plug-in's read and write operations take.
 inline constexpr uint32_t kAnalogInput = 10100;
 inline constexpr uint32_t kAnalogOutput = 10102;
 inline constexpr uint32_t kDigitalInput = 10151;
@@ -45,9 +35,10 @@ const std::vector<double>& recording();
 // Makes the store on first use (zqstorage new-sim-store, set-signal) and makes it the local
 // store; the time of this program's devices runs at kSpeed.
 void useSimStore();
-std::string binFolder();
 
 std::shared_ptr<zqvorexRedir::Task> makeTask(const std::string& name);
+// A task of one voltage output channel.
+std::shared_ptr<zqvorexRedir::Task> voltageOutput(const std::string& physical);
 
 // Each gives the status code and keeps the report for a message.
 struct Outcome {
@@ -70,9 +61,8 @@ Samples readVoltages(zqvorexRedir::ITask& task, int64_t samples, double timeout,
 Outcome writeVoltages(zqvorexRedir::ITask& task, const std::vector<double>& values, uint32_t channels,
                       bool autoStart, uint32_t* written = nullptr);
 
-double timingF64(zqvorexRedir::ITask& task, int32_t id, Outcome* outcome = nullptr);
+double timingF64(zqvorexRedir::ITask& task, int32_t id);
 uint64_t readU64(zqvorexRedir::ITask& task, int32_t id);
-Outcome setTimingI32(zqvorexRedir::ITask& task, int32_t id, int32_t value);
 
 // The one quantized value an input of range +-`range` volts reads for `volts`.
 double quantized(double volts, double range);

@@ -50,10 +50,6 @@ class Errors {
     for (const auto& entry : counts_) sum += entry.second;
     return sum;
   }
-  bool has(int32 code) {
-    std::lock_guard<std::mutex> held(lock_);
-    return counts_.count(code) != 0;
-  }
 
  private:
   std::mutex lock_;
@@ -216,7 +212,8 @@ int main(int argc, char** argv) {
     failed = true;
   };
   if (growth >= kGrowthLimit) fail("memory grew by 1 MB or more");
-  if (figures.read != figures.told || e.has(-209501))
+  // An overrun is a failed call as well, counted below.
+  if (figures.read != figures.told)
     fail("samples lost: read " + std::to_string(figures.read.load()) + " of " + std::to_string(figures.told.load()));
   if (figures.callbacks == 0 || figures.tasksMade < 2) fail("nothing moved");
   if (e.total() != 0) fail("calls failed:" + e.text());
