@@ -5,8 +5,8 @@
 
 #include "report_items.h"
 #include "status/report_reader.h"
-#include "test_sites.h"
 #include "status/report_writer.h"
+#include "test_sites.h"
 #include "zqvorex_status_codes.h"
 
 namespace {
