@@ -35,8 +35,6 @@ TEST(CApi, EveryCodeOfTheStatusTableHasItsOwnText) {
   EXPECT_EQ(zqtestFirstCodeWithoutText(kSubstitute), 0);
 }
 
-TEST(CApi, AnUnknownCodeGetsTheSubstitute) { EXPECT_EQ(codeText(-424242), kSubstitute); }
-
 TEST(CApi, AFailedCallIsToldByTheExtendedErrorInfo) {
   ASSERT_EQ(zqtestFailWithNullHandle(), -200230);
   const std::string described = codeText(-200230);
@@ -64,21 +62,6 @@ TEST(CApi, AShortBufferForATaskNameIsToldWithEveryItem) {
   }
   EXPECT_EQ(lines, 3u) << items;
   EXPECT_NE(items.find("Buffer Length: 4"), std::string::npos) << items;
-}
-
-TEST(CApi, TheBufferProtocol) {
-  ASSERT_EQ(zqtestFailWithNullHandle(), -200230);
-  for (int32 (*call)(char*, uInt32) : {+[](char* b, uInt32 n) { return zqtestErrorString(-200228, b, n); },
-                                       +[](char* b, uInt32 n) { return zqtestLastError(b, n); }}) {
-    const int32 size = call(nullptr, 0);
-    ASSERT_GT(size, 1);
-    std::vector<char> buffer(static_cast<size_t>(size), 'z');
-    EXPECT_EQ(call(buffer.data(), static_cast<uInt32>(size)), 0);
-    const std::string whole = buffer.data();
-    EXPECT_EQ(whole.size() + 1, static_cast<size_t>(size));
-    EXPECT_EQ(call(buffer.data(), static_cast<uInt32>(size - 1)), 200026);
-    EXPECT_EQ(std::string(buffer.data()), whole.substr(0, whole.size() - 1));
-  }
 }
 
 }  // namespace

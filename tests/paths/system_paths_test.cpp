@@ -66,8 +66,8 @@ TEST_P(SharedFolder, ReadsItsOwnValueAndTrimsIt) {
 INSTANTIATE_TEST_SUITE_P(
     Values, SharedFolder,
     testing::Combine(
-        testing::Values(FolderCase{"C:\\Shared\\ ", "C:\\Shared"}, FolderCase{"C:\\Shared\\\\\\", "C:\\Shared"},
-                        FolderCase{"", ""}, FolderCase{"  D:\\Torvane\\Shared\\", "D:\\Torvane\\Shared"},
+        // The trimming itself is trim_folder_test's: here the value's way there, in any length.
+        testing::Values(FolderCase{"C:\\Shared\\ ", "C:\\Shared"}, FolderCase{"", ""},
                         FolderCase{"C:\\Gemeinsame Dat\xC3\xA4ien\\", "C:\\Gemeinsame Dat\xC3\xA4ien"},
                         FolderCase{"E:\\" + std::string(700, 'd'), "E:\\" + std::string(700, 'd')}),
         testing::ValuesIn(kSharedFolderOps)),

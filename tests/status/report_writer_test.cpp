@@ -3,23 +3,17 @@
 #include <cstring>
 #include <string>
 
-#include "test_sites.h"
+#include "report_items.h"
 #include "status/report_reader.h"
 #include "status/report_writer.h"
+#include "test_sites.h"
 #include "zqvorex_status_codes.h"
 
 namespace {
 
 using namespace zqerr;
 using json::ParsedValue;
-
-std::string itemsOf(const Status& s) {
-  const char* info = json::findKey(s.report, "translator_info");
-  const char* data = json::findKey(info, "ordered_data");
-  ParsedValue v;
-  if (!data || !json::parseValue(data, &v)) return "<none>";
-  return std::string(v.begin, v.length);
-}
+using zqtest::items;
 
 TEST(ReportWriter, FirstElaborationAddsTranslatorAndOrderedData) {
   Status s;
@@ -42,7 +36,7 @@ TEST(ReportWriter, ReopeningAppendsToTheSameArray) {
   addItem(openOrderedData(&s, kTranslatorZqvorex), usage::kUsageTypeTaskName, "a");
   addEmptyItem(openOrderedData(&s, kTranslatorZqvorex));
   addItem(openOrderedData(&s, kTranslatorZqvorex), usage::kUsageTypeChannelName, "b");
-  EXPECT_EQ(itemsOf(s),
+  EXPECT_EQ(items(s),
             R"([{"type":"usage","usage":"kUsageTypeTaskName","value":"a","value_type":"string"},)"
             R"({"type":"empty"},{"type":"usage","usage":"kUsageTypeChannelName","value":"b","value_type":"string"}])");
 }
@@ -131,29 +125,22 @@ TEST(ReportWriter, ControlCharactersUseLowerCaseUnicodeEscapes) {
   EXPECT_STREQ(s.report, R"({"k":"\u0001\u007f"})");
 }
 
-TEST(ReportWriter, AttributeUsagesCarryAComment) {
-  Status s;
-  ZQ_TEST_FAIL(&s, -1, "f", 1);
-  ReportWriter w = openOrderedData(&s, kTranslatorZqvorex);
-  w = addItem(w, usage::kUsageTypeAttributeId, int32_t{0x7FFFFFF0});
-  w = addItem(w, usage::kUsageTypeParamNum, int32_t{2});
-  ASSERT_TRUE(w);
-  EXPECT_EQ(itemsOf(s),
-            R"([{"type":"usage","usage":"kUsageTypeAttributeId","value":2147483632,"value_type":"int32_t",)"
-            R"("comment":"Not Available"},{"type":"usage","usage":"kUsageTypeParamNum","value":2,)"
-            R"("value_type":"int32_t"}])");
-}
-
-TEST(ReportWriter, StringListItemAndUint64) {
+// Attribute usages carry a comment; string lists and 64-bit values keep their types.
+TEST(ReportWriter, AttributeCommentStringListAndUint64) {
   Status s;
   ZQ_TEST_FAIL(&s, -1, "f", 1);
   const std::string_view devices[] = {"Dev1", "Dev2"};
   ReportWriter w = openOrderedData(&s, kTranslatorZqvorex);
+  w = addItem(w, usage::kUsageTypeAttributeId, int32_t{0x7FFFFFF0});
+  w = addItem(w, usage::kUsageTypeParamNum, int32_t{2});
   w = addItem(w, usage::kUsageTypeSuggestedDevices, devices, 2);
   w = addItem(w, usage::kUsageTypeReqBufSizeInSamps, uint64_t{1} << 40);
   ASSERT_TRUE(w);
-  EXPECT_EQ(itemsOf(s),
-            R"([{"type":"usage","usage":"kUsageTypeSuggestedDevices","value":["Dev1","Dev2"],"value_type":"string"},)"
+  EXPECT_EQ(items(s),
+            R"([{"type":"usage","usage":"kUsageTypeAttributeId","value":2147483632,"value_type":"int32_t",)"
+            R"("comment":"Not Available"},{"type":"usage","usage":"kUsageTypeParamNum","value":2,)"
+            R"("value_type":"int32_t"},)"
+            R"({"type":"usage","usage":"kUsageTypeSuggestedDevices","value":["Dev1","Dev2"],"value_type":"string"},)"
             R"({"type":"usage","usage":"kUsageTypeReqBufSizeInSamps","value":1099511627776,"value_type":"uint64_t"}])");
 }
 

@@ -114,19 +114,17 @@ TEST(BasicString, InsertStraddlingTheInsertionPoint) {
   EXPECT_EQ(s.view(), "56789012323456456789");
 }
 
-TEST(BasicString, EraseAndClear) {
+// What the model above leaves out: erasing to the end, past the end, and the block kept on clear.
+TEST(BasicString, EraseToAndPastTheEndAndClear) {
   zqerr::Status status;
   String s;
   s.assign("abcdef", 6, &status);
-  s.erase(1, 2);
-  EXPECT_EQ(s.view(), "adef");
   s.erase(2);
-  EXPECT_EQ(s.view(), "ad");
+  EXPECT_EQ(s.view(), "ab");
   s.erase(5, 1);
-  EXPECT_EQ(s.view(), "ad");
+  EXPECT_EQ(s.view(), "ab");
   uint64_t capacity = s.capacity();
   s.clear();
-  EXPECT_TRUE(s.empty());
   EXPECT_STREQ(s.c_str(), "");
   EXPECT_EQ(s.capacity(), capacity);
 }

@@ -27,6 +27,8 @@ std::string toNarrow(uint32_t page, const std::u16string& text, FixedStatus* sta
   return out;
 }
 
+// Both passes of each direction, the size query and the conversion; the pages' own tables are
+// proven in tests/platform.
 struct RoundTrip {
   uint32_t page;
   std::string bytes;
@@ -46,10 +48,7 @@ TEST_P(CodePageRoundTrip, BothDirections) {
 INSTANTIATE_TEST_SUITE_P(
     Pages, CodePageRoundTrip,
     testing::Values(RoundTrip{1252, "Stra\xDF" "e \x80 caf\xE9", u"Stra\u00DFe \u20AC caf\u00E9"},
-                    RoundTrip{1252, "Dev1/ai0", u"Dev1/ai0"},
-                    RoundTrip{932, "\x93\xFA\x96\x7B\x8C\xEA/ai0", u"\u65E5\u672C\u8A9E/ai0"},
                     RoundTrip{932, "\x83\x5E\x83\x58\x83\x4E", u"\u30BF\u30B9\u30AF"},  // trail bytes in ASCII range
-                    RoundTrip{932, "\xB1\xB2", u"\uFF71\uFF72"},
                     RoundTrip{65001, "\xE6\x97\xA5 \xF0\x9F\x98\x80", u"\u65E5 \U0001F600"}));
 
 struct Failure {

@@ -21,12 +21,6 @@ using zqtest::reportAt;
 constexpr uint32_t kEnglish = 0;
 constexpr uint32_t kGerman = 2;
 
-struct Found {
-  int32_t code;
-  std::string text;
-  const char* report;
-};
-
 class ExplanationSearch : public testing::Test {
  protected:
   std::string search(int32_t code, uint32_t language) {

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <memory>
 #include <string>
 
@@ -17,19 +16,10 @@ namespace {
 
 using zqtest::entry;
 using zqtest::explanationFile;
+using zqtest::Input;
 using zqtest::reportAt;
 
 constexpr uint32_t kStatic = 1, kDynamic = 2, kDebug = 4, kNested = 8;
-
-// A status with a code and a report given as text.
-struct Input {
-  explicit Input(int32_t code, const std::string& report) {
-    status.code = code;
-    zqerr::growReport(&status, static_cast<uint32_t>(report.size() + 2));
-    std::memcpy(status.report, report.c_str(), report.size() + 1);
-  }
-  zqerr::Status status;
-};
 
 std::string tested(const std::string& rest) { return R"({"translator":"qxlator_test")" + rest + "}"; }
 

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
 
 #include "installation.h"
@@ -12,6 +13,16 @@
 #include "status/status.h"
 
 namespace zqtest {
+
+// A status given by its code and its report's text, as a formatter receives it.
+struct Input {
+  Input(int32_t code, const std::string& report) {
+    status.code = code;
+    zqerr::growReport(&status, static_cast<uint32_t>(report.size() + 2));
+    std::memcpy(status.report, report.c_str(), report.size() + 1);
+  }
+  zqerr::Status status;
+};
 
 class TranslatorTest : public testing::Test {
  protected:
