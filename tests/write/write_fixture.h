@@ -12,7 +12,6 @@
 #include <vector>
 
 #include "frame/last_error_probe.h"
-#include "paths/report_query.h"
 #include "write_task.h"
 #include "zqcai_rd_mbcs.h"
 
@@ -61,16 +60,21 @@ inline uint32_t u32b[6] = {5, 6, 7, 8, 9, 10};
 inline int32_t i32[6] = {1, 2, -1, 4, 5, 6};
 inline uint8_t u8[8] = {1, 2, 3, 4, 5, 6, 7, 8};
 
-#define ZQ_VECTOR(fn, array, op, kind, shape)                                                                 \
-  {#fn, [](const WriteArgs& a) { return fn(a.handle, a.n, a.autoStart, 1.0, a.layout, a.first(array), a.written, \
-                                           a.reserved); },                                                   \
+#define ZQ_VECTOR(fn, array, op, kind, shape)                                                       \
+  {#fn,                                                                                             \
+   [](const WriteArgs& a) {                                                                         \
+     return fn(a.handle, a.n, a.autoStart, 1.0, a.layout, a.first(array), a.written, a.reserved); \
+   },                                                                                               \
    op, kind, shape, array, sizeof *array}
-#define ZQ_PAIR(fn, one, two, op)                                                                               \
-  {#fn, [](const WriteArgs& a) { return fn(a.handle, a.n, a.autoStart, 1.0, a.layout, a.first(one), a.second(two), \
-                                           a.written, a.reserved); },                                          \
+#define ZQ_PAIR(fn, one, two, op)                                                                                    \
+  {#fn,                                                                                                              \
+   [](const WriteArgs& a) {                                                                                          \
+     return fn(a.handle, a.n, a.autoStart, 1.0, a.layout, a.first(one), a.second(two), a.written, a.reserved);     \
+   },                                                                                                                \
    op, 10132, WriteShape::kPair}
-#define ZQ_SCALAR(fn, op, kind, ...) \
-  {#fn, [](const WriteArgs& a) { return fn(a.handle, a.autoStart, 1.0, __VA_ARGS__, a.reserved); }, op, kind, WriteShape::kScalar}
+#define ZQ_SCALAR(fn, op, kind, ...)                                                                          \
+  {#fn, [](const WriteArgs& a) { return fn(a.handle, a.autoStart, 1.0, __VA_ARGS__, a.reserved); }, op, kind, \
+   WriteShape::kScalar}
 
 inline const WriteRoute kWrites[] = {
     ZQ_VECTOR(VorexWriteAnalogF64, f64, "writeScaledVectorF64", 10102, WriteShape::kVector),
@@ -83,7 +87,9 @@ inline const WriteRoute kWrites[] = {
     ZQ_VECTOR(VorexWriteDigitalU32, u32, "writePortVectorU32", 10153, WriteShape::kVector),
     ZQ_VECTOR(VorexWriteDigitalLines, u8, "writeLineVectorU8", 10153, WriteShape::kLines),
     {"VorexWriteRaw",
-     [](const WriteArgs& a) { return VorexWriteRaw(a.handle, a.n, a.autoStart, 1.0, a.first(u8), a.written, a.reserved); },
+     [](const WriteArgs& a) {
+       return VorexWriteRaw(a.handle, a.n, a.autoStart, 1.0, a.first(u8), a.written, a.reserved);
+     },
      "writeRawU8", 10102, WriteShape::kRaw},
     ZQ_PAIR(VorexWriteCtrFreq, f64, f64b, "writeVectorCounterDutyCycleAndFrequencyF64"),
     ZQ_PAIR(VorexWriteCtrTime, f64, f64b, "writeVectorCounterHighAndLowTimesF64"),
@@ -124,13 +130,6 @@ class WriteTest : public testing::Test {
     for (auto it = task->calls().rbegin(); it != task->calls().rend(); ++it)
       if (it->op == op) return *it;
     throw std::runtime_error("no call of " + op);
-  }
-
-  // A field of the n-th usage item of the last failure's report.
-  static std::string item(int n, const char* key) {
-    const auto* record = lastError();
-    const std::string step = "#" + std::to_string(n);
-    return reportAt(record ? record->status.report : nullptr, {"translator_info", "ordered_data", step, key});
   }
 
   std::shared_ptr<WriteTask> task = WriteTask::make();
