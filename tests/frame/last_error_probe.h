@@ -34,7 +34,7 @@ inline std::string lastErrorItems() {
 }
 
 // A field of the n-th usage item of the last failure's report; kAbsent when there is none.
-inline std::string item(int n, const char* key) {
+inline std::string lastErrorItem(int n, const char* key) {
   const auto* record = lastError();
   const std::string step = "#" + std::to_string(n);
   return reportAt(record ? record->status.report : nullptr, {"translator_info", "ordered_data", step, key});

@@ -1,4 +1,4 @@
-// What the read tests share: a task that answers like a plug-in, and the failure's usage items.
+// What the read tests share: a task that answers like a plug-in, and the fixture that owns it.
 #pragma once
 
 #include <gtest/gtest.h>

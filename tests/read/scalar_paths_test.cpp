@@ -25,8 +25,8 @@ TEST_F(PlainScalar, ValueComesFromThePluginAndANullOneIsNotTested) {
 
 TEST_F(CheckedScalar, NullValueIsParameterThreeAndAValueStartsAtZero) {
   EXPECT_EQ(VorexReadDigitalScalarU32(handle, 1.0, nullptr, nullptr), -200230);
-  EXPECT_EQ(item(0, "usage"), "kUsageTypeParamNum");
-  EXPECT_EQ(item(0, "value"), "3");
+  EXPECT_EQ(lastErrorItem(0, "usage"), "kUsageTypeParamNum");
+  EXPECT_EQ(lastErrorItem(0, "value"), "3");
   EXPECT_EQ(task->callCount("readPortScalarU32"), 0u);
 
   task->on("readPortScalarU32").status(-200279);
@@ -114,8 +114,8 @@ TEST_F(PairScalar, NullOutputsAreParametersThreeAndFour) {
       clearLastError();
       double first = 1, second = 1;
       EXPECT_EQ(r.call(task->handle(), &first, &second, c.nullFirst, c.nullSecond), -200230);
-      EXPECT_EQ(item(0, "value"), c.param);
-      EXPECT_EQ(item(1, "value"), kAbsent);
+      EXPECT_EQ(lastErrorItem(0, "value"), c.param);
+      EXPECT_EQ(lastErrorItem(1, "value"), kAbsent);
       EXPECT_TRUE(task->calls().empty());
     }
   }

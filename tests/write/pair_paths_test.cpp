@@ -87,9 +87,9 @@ TEST_F(PairPath, FailedChecksStopBeforeTheTaskWithTheirItems) {
       EXPECT_EQ(c.call({handle, k.n, 0, 0, k.nullFirst, k.nullSecond, &written}), k.code);
       EXPECT_TRUE(task->calls().empty());
       EXPECT_EQ(written, 0);
-      EXPECT_EQ(item(0, "usage"), k.usage);
-      EXPECT_EQ(item(0, "value"), k.value);
-      EXPECT_EQ(item(1, "usage"), kAbsent);  // one item: the first failure stays alone
+      EXPECT_EQ(lastErrorItem(0, "usage"), k.usage);
+      EXPECT_EQ(lastErrorItem(0, "value"), k.value);
+      EXPECT_EQ(lastErrorItem(1, "usage"), kAbsent);  // one item: the first failure stays alone
     }
   }
 }

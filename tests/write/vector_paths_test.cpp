@@ -71,9 +71,9 @@ TEST_F(VectorPath, FailedChecksStopBeforeTheTaskWithTheirItems) {
       EXPECT_EQ(c.call({.handle = handle, .n = k.n, .nullFirst = k.nullArray, .written = &written}), k.code);
       EXPECT_TRUE(task->calls().empty());
       EXPECT_EQ(written, 0);
-      EXPECT_EQ(item(0, "usage"), k.usage);
-      EXPECT_EQ(item(0, "value"), k.value);
-      EXPECT_EQ(item(0, "value_type"), k.valueType);
+      EXPECT_EQ(lastErrorItem(0, "usage"), k.usage);
+      EXPECT_EQ(lastErrorItem(0, "value"), k.value);
+      EXPECT_EQ(lastErrorItem(0, "value_type"), k.valueType);
     }
   }
 }

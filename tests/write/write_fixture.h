@@ -1,4 +1,5 @@
-// What the write tests share: a task that answers like a plug-in, and the failure's usage items.
+// What the write tests share: a task that answers like a plug-in, the fixture that owns it, and
+// a table of every write function.
 #pragma once
 
 #include <gtest/gtest.h>
