@@ -3,8 +3,11 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <type_traits>
 
 #include "boundary/array_buffer_adapter.h"
+#include "boundary/array_line_buffer_adapter.h"
+#include "boundary/array_view.h"
 #include "case_printer.h"
 #include "report_items.h"
 #include "status/report_writer.h"
@@ -209,54 +212,92 @@ TEST(ArrayBufferAdapter, IsEmptyTable) {
   }
 }
 
-TEST(ArrayBufferAdapter, TheWriteFormRefusesChanges) {
-  const double samples[4] = {1, 2, 3, 4};
-  zqerr::Status status;
-  ArrayBufferWriteAdapter write(samples, 1, 4, &status);
-  zqgopher_IArrayBuffer* b = write.boundary();
-  struct Refusal {
-    const char* name;
-    void (*call)(zqgopher_IArrayBuffer*, zqerr_Status*);
-  };
-  const Refusal refusals[] = {
-      {"clear", [](zqgopher_IArrayBuffer* x, zqerr_Status* st) { x->table->clear(x, st); }},
-      {"resize", [](zqgopher_IArrayBuffer* x, zqerr_Status* st) { x->table->resize(x, 1, 2, st); }},
-      {"getMutableData",
-       [](zqgopher_IArrayBuffer* x, zqerr_Status* st) { EXPECT_EQ(x->table->getMutableData(x, 0, st), nullptr); }}};
-  for (const Refusal& r : refusals) {
-    zqerr::Status own;
-    r.call(b, &own);
-    EXPECT_EQ(own.code, zqapalerr_featureUnsupported) << r.name;
-    EXPECT_EQ(zqtest::member(own, "error_constant"), R"("zqapalerr_featureUnsupported")") << r.name;
+// A resize of either kind of buffer to one channel of two samples (of two lines).
+template <class Buffer>
+void resizeSome(Buffer* b, zqerr_Status* status) {
+  if constexpr (std::is_same_v<Buffer, zqgopher_IArrayLineBuffer>) {
+    const uint32_t two = 2;
+    const zqgopher::ArrayViewAdapter<uint32_t> view(two);
+    b->table->resize(b, &view, 2, status);
+  } else {
+    b->table->resize(b, 1, 2, status);
   }
-  EXPECT_EQ(write.numChannels, 1u);
-  EXPECT_EQ(write.totalElements, 4u);
 }
 
-TEST(ArrayBufferAdapter, EveryEntryIsANoOpOnAFailedStatus) {
+template <class Buffer>
+void expectEveryEntryANoOp(Buffer* b) {
+  const auto& t = *b->table;
+  zqerr::Status status;
+  zqtest::fail(&status, -3);
+  EXPECT_TRUE(t.isEmpty(b, &status));
+  EXPECT_EQ(t.getNumChannels(b, &status), 0u);
+  EXPECT_EQ(t.getNumSampsPerChan(b, 0, &status), 0u);
+  EXPECT_EQ(t.getData(b, 0, &status), nullptr);
+  t.reserved1(b, &status);
+  t.reserved2(b, &status);
+  t.clear(b, &status);
+  resizeSome(b, &status);
+  EXPECT_EQ(t.getMutableData(b, 0, &status), nullptr);
+  t.reserved3(b, &status);
+  t.reserved4(b, &status);
+  if constexpr (std::is_same_v<Buffer, zqgopher_IArrayLineBuffer>) {
+    EXPECT_EQ(t.getNumLines(b, 0, &status), 0u);
+    EXPECT_EQ(t.getUniformNumLines(b, &status), 0u);
+    EXPECT_EQ(t.getNumLinesOfChannel(b, 0, &status), 0u);
+  }
+  EXPECT_EQ(status.code, -3);
+  EXPECT_EQ(status.report, nullptr);
+}
+
+// Clear, resize and the mutable data are each refused with zqapalerr_featureUnsupported.
+template <class Buffer>
+void expectChangesRefused(Buffer* b) {
+  zqerr::Status clear, resize, mut;
+  b->table->clear(b, &clear);
+  resizeSome(b, &resize);
+  EXPECT_EQ(b->table->getMutableData(b, 0, &mut), nullptr);
+  for (const zqerr::Status* s : {&clear, &resize, &mut}) {
+    EXPECT_EQ(s->code, zqapalerr_featureUnsupported);
+    EXPECT_EQ(zqtest::member(*s, "error_constant"), R"("zqapalerr_featureUnsupported")");
+  }
+}
+
+TEST(BufferAdapters, EveryEntryIsANoOpOnAFailedStatus) {
   double samples[4] = {1, 2, 3, 4};
+  uint8_t bytes[8];
+  const uint32_t two = 2;
+  zqgopher::ArrayViewAdapter<uint32_t> lines(two);
   zqerr::Status ok;
   ArrayBufferAdapter read(samples, 2, 2, &ok);
   ArrayBufferWriteAdapter write(samples, 2, 2, &ok);
-  for (zqgopher_IArrayBuffer* b : {read.boundary(), write.boundary()}) {
-    const zqgopher_IArrayBufferTable& t = *b->table;
-    zqerr::Status status;
-    zqtest::fail(&status, -3);
-    EXPECT_TRUE(t.isEmpty(b, &status));
-    EXPECT_EQ(t.getNumChannels(b, &status), 0u);
-    EXPECT_EQ(t.getNumSampsPerChan(b, 9, &status), 0u);
-    EXPECT_EQ(t.getData(b, 0, &status), nullptr);
-    t.reserved1(b, &status);
-    t.reserved2(b, &status);
-    t.clear(b, &status);
-    t.resize(b, 1, 100, &status);
-    EXPECT_EQ(t.getMutableData(b, 0, &status), nullptr);
-    t.reserved3(b, &status);
-    t.reserved4(b, &status);
-    EXPECT_EQ(status.code, -3);
-    EXPECT_EQ(status.report, nullptr);
-  }
+  zqgopher::ArrayLineBufferAdapter readLines(bytes, 8, &lines, 4, &ok);
+  zqgopher::ArrayLineBufferWriteAdapter writeLines(bytes, 8, &lines, 4, &ok);
+  expectEveryEntryANoOp(read.boundary());
+  expectEveryEntryANoOp(write.boundary());
+  expectEveryEntryANoOp(readLines.boundary());
+  expectEveryEntryANoOp(writeLines.boundary());
   EXPECT_EQ(shapeOf(read), (Shape{2, 2, 4}));
+  EXPECT_EQ(readLines.numChannels, 1u);
+  EXPECT_EQ(readLines.totalElements, 8u);
+}
+
+// The shape set at construction stays.
+TEST(BufferAdapters, TheWriteFormsRefuseChanges) {
+  const double samples[4] = {1, 2, 3, 4};
+  const uint8_t bytes[4] = {1, 0, 1, 0};
+  const uint32_t four = 4;
+  zqgopher::ArrayViewAdapter<uint32_t> lines(four);
+  zqerr::Status status;
+  ArrayBufferWriteAdapter write(samples, 1, 4, &status);
+  zqgopher::ArrayLineBufferWriteAdapter writeLines(bytes, 4, &lines, 1, &status);
+  ASSERT_EQ(status.code, 0);
+  EXPECT_EQ(writeLines.boundary()->table->getData(writeLines.boundary(), 0, &status), bytes);
+  expectChangesRefused(write.boundary());
+  expectChangesRefused(writeLines.boundary());
+  EXPECT_EQ(write.numChannels, 1u);
+  EXPECT_EQ(write.totalElements, 4u);
+  EXPECT_EQ(writeLines.numChannels, 1u);
+  EXPECT_EQ(writeLines.totalElements, 4u);
 }
 
 }  // namespace

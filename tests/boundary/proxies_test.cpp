@@ -37,17 +37,6 @@ TEST(StringProxy, ANullTargetIsRefused) {
   EXPECT_EQ(zqtest::member(status, "file"), R"("zqgopher/StringProxy")");
 }
 
-TEST(StringProxy, NothingOnAFailedStatus) {
-  cplug_TextSink sink;
-  cplug_initTextSink(&sink);
-  zqerr::Status status;
-  zqtest::fail(&status);
-  StringProxy(&sink.base).set("x", &status);
-  StringProxy(nullptr).set("x", &status);
-  EXPECT_EQ(sink.assignCalls, 0);
-  EXPECT_EQ(status.code, -1);
-}
-
 struct AdderCase {
   const char* name;
   Names items;
@@ -98,13 +87,20 @@ TEST(ItemAdderProxy, NumbersGoThroughTheirOwnTables) {
   EXPECT_EQ(status.code, 0);
 }
 
-TEST(ItemAdderProxy, NothingOnAFailedStatus) {
+TEST(Proxies, NothingOnAFailedStatus) {
+  cplug_TextSink sink;
+  cplug_initTextSink(&sink);
   cplug_RecordingAdder adder;
   cplug_initRecordingAdder(&adder, 0, 0);
   zqerr::Status status;
   zqtest::fail(&status);
+  StringProxy(&sink.base).set("x", &status);
+  StringProxy(nullptr).set("x", &status);
   ItemAdderProxy(&adder.base).add(Names{"a"}, &status);
+  ItemAdderProxy(nullptr).add(Names{"a"}, &status);
+  EXPECT_EQ(sink.assignCalls, 0);
   EXPECT_STREQ(adder.calls, "");
+  EXPECT_EQ(status.code, -1);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "../paths/report_query.h"
 #include "lasterror/last_error.h"
 #include "report_items.h"
 
@@ -30,6 +31,13 @@ inline void clearLastError() {
 inline std::string lastErrorItems() {
   const auto* record = lastError();
   return reportItems(record ? record->status.report : nullptr);
+}
+
+// A field of the n-th usage item of the last failure's report; kAbsent when there is none.
+inline std::string lastErrorItem(int n, const char* key) {
+  const auto* record = lastError();
+  const std::string step = "#" + std::to_string(n);
+  return reportAt(record ? record->status.report : nullptr, {"translator_info", "ordered_data", step, key});
 }
 
 }  // namespace zqtest

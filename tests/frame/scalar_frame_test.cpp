@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -54,84 +56,55 @@ int32_t viaDouble(TaskHandle task, bool withData, double* out) {
 
 enum class Handle { kLive, kNull, kExpired };
 
-struct GetCase {
-  const char* label;
+// One Get shape: the accessor, its operation and, for the shapes with a fallback, the wide one.
+struct Getter {
   Get get;
-  void (*setup)(RecordingTask&);
-  Handle handle;
-  bool withData;
-  int32_t expected;
-  double value;                  // the out-value afterwards (5 when untouched)
-  std::vector<std::string> ops;  // the operations called, in order
+  const char* narrow;
+  const char* wide = nullptr;
 };
 
-void nothing(RecordingTask&) {}
+const Getter kF64{viaDouble<double, getAIMax>, "getChannelAttributeF64"};
+const Getter kSize{viaDouble<uint32_t, getBufSize>, "getBufferAttributeSize"};
+const Getter kU32{viaDouble<uint32_t, getNumChans>, "getTaskAttributeU32"};
+const Getter kOffset{viaDouble<int32_t, getReadOffset>, "getReadAttributeI32", "getReadAttributeOffset"};
+const Getter kAvail{viaDouble<uint32_t, getReadAvail>, "getReadAttributeU32", "getReadAttributeSize"};
+
+constexpr int32_t kThrows = INT32_MIN;  // the answering operation throws instead
+constexpr double k2Pow32 = 4294967296.0;
+
+struct GetCase {
+  const char* label;
+  Getter getter;
+  Handle handle;
+  bool withData;
+  double answer;       // the result of the operation that answers (the wide one after a fallback)
+  int32_t code;        // and its status
+  int32_t narrowCode;  // nonzero: the narrow operation fails with it first
+  int32_t expected;
+  double value;  // the out-value afterwards (5 when untouched)
+  size_t calls;  // the operations called: none, the narrow one, or both
+};
 
 const GetCase kGetCases[] = {
-    {"NullHandleScrubs", viaDouble<double, getAIMax>, nothing, Handle::kNull, true, -200230, 0, {}},
-    {"NullHandleWinsOverNullData", viaDouble<double, getAIMax>, nothing, Handle::kNull, false, -200230, 5, {}},
-    {"ExpiredTaskScrubs", viaDouble<double, getAIMax>, nothing, Handle::kExpired, true, zqpalerr_badPointer, 0, {}},
-    {"NullDataStopsBeforeThePlugin", viaDouble<double, getAIMax>, nothing, Handle::kLive, false, -200604, 5, {}},
-    {"ValueComesBack", viaDouble<double, getAIMax>, [](RecordingTask& t) { t.on("getChannelAttributeF64").value(2.5); },
-     Handle::kLive, true, 0, 2.5, {"getChannelAttributeF64"}},
-    {"WarningKeepsTheValue", viaDouble<double, getAIMax>,
-     [](RecordingTask& t) { t.on("getChannelAttributeF64").value(4.0).status(200077); }, Handle::kLive, true, 200077,
-     4.0, {"getChannelAttributeF64"}},
-    {"ErrorScrubs", viaDouble<double, getAIMax>,
-     [](RecordingTask& t) { t.on("getChannelAttributeF64").value(4.0).status(-201003); }, Handle::kLive, true,
-     -201003, 0, {"getChannelAttributeF64"}},
-    {"ExceptionScrubs", viaDouble<double, getAIMax>,
-     [](RecordingTask& t) { t.on("getChannelAttributeF64").throws(std::runtime_error("plug-in threw")); },
-     Handle::kLive, true, zqpalerr_softwareFault, 0, {"getChannelAttributeF64"}},
-    {"SizeThatFits", viaDouble<uint32_t, getBufSize>,
-     [](RecordingTask& t) { t.on("getBufferAttributeSize").value(uint64_t{0xFFFFFFFF}); }, Handle::kLive, true, 0,
-     4294967295.0, {"getBufferAttributeSize"}},
-    {"SizeThatOverflows", viaDouble<uint32_t, getBufSize>,
-     [](RecordingTask& t) { t.on("getBufferAttributeSize").value(uint64_t{0x100000000}); }, Handle::kLive, true,
-     zqpalerr_calculationOverflow, 0, {"getBufferAttributeSize"}},
-    {"OverflowIsNotTestedAfterAnError", viaDouble<uint32_t, getBufSize>,
-     [](RecordingTask& t) { t.on("getBufferAttributeSize").value(uint64_t{0x100000000}).status(-201003); },
-     Handle::kLive, true, -201003, 0, {"getBufferAttributeSize"}},
-    {"TaskOperation", viaDouble<uint32_t, getNumChans>, [](RecordingTask& t) { t.on("getTaskAttributeU32").value(3u); },
-     Handle::kLive, true, 0, 3, {"getTaskAttributeU32"}},
-    {"NarrowAnswer", viaDouble<int32_t, getReadOffset>, [](RecordingTask& t) { t.on("getReadAttributeI32").value(-7); },
-     Handle::kLive, true, 0, -7, {"getReadAttributeI32"}},
-    {"WideAfterMinus89000", viaDouble<int32_t, getReadOffset>,
-     [](RecordingTask& t) {
-       t.on("getReadAttributeI32").status(-89000);
-       t.on("getReadAttributeOffset").value(int64_t{123456});
-     },
-     Handle::kLive, true, 0, 123456, {"getReadAttributeI32", "getReadAttributeOffset"}},
-    {"WideNegativeOffsetFits", viaDouble<int32_t, getReadOffset>,
-     [](RecordingTask& t) {
-       t.on("getReadAttributeI32").status(-89000);
-       t.on("getReadAttributeOffset").value(int64_t{-2147483648LL});
-     },
-     Handle::kLive, true, 0, -2147483648.0, {"getReadAttributeI32", "getReadAttributeOffset"}},
-    {"WideOffsetOverflows", viaDouble<int32_t, getReadOffset>,
-     [](RecordingTask& t) {
-       t.on("getReadAttributeI32").status(-89000);
-       t.on("getReadAttributeOffset").value(int64_t{1} << 40);
-     },
-     Handle::kLive, true, zqpalerr_calculationOverflow, 0, {"getReadAttributeI32", "getReadAttributeOffset"}},
-    {"WideSizeOverflows", viaDouble<uint32_t, getReadAvail>,
-     [](RecordingTask& t) {
-       t.on("getReadAttributeU32").status(-89000);
-       t.on("getReadAttributeSize").value(uint64_t{0x100000000});
-     },
-     Handle::kLive, true, zqpalerr_calculationOverflow, 0, {"getReadAttributeU32", "getReadAttributeSize"}},
-    {"WideWarningSurvives", viaDouble<uint32_t, getReadAvail>,
-     [](RecordingTask& t) {
-       t.on("getReadAttributeU32").status(-89000);
-       t.on("getReadAttributeSize").value(uint64_t{9}).status(200077);
-     },
-     Handle::kLive, true, 200077, 9, {"getReadAttributeU32", "getReadAttributeSize"}},
-    {"NoFallbackForAnotherCode", viaDouble<int32_t, getReadOffset>,
-     [](RecordingTask& t) {
-       t.on("getReadAttributeI32").status(-89001);
-       t.on("getReadAttributeOffset").value(int64_t{1});
-     },
-     Handle::kLive, true, -89001, 0, {"getReadAttributeI32"}},
+    {"NullHandleScrubs", kF64, Handle::kNull, true, 0, 0, 0, -200230, 0, 0},
+    {"NullHandleWinsOverNullData", kF64, Handle::kNull, false, 0, 0, 0, -200230, 5, 0},
+    {"ExpiredTaskScrubs", kF64, Handle::kExpired, true, 0, 0, 0, zqpalerr_badPointer, 0, 0},
+    {"NullDataStopsBeforeThePlugin", kF64, Handle::kLive, false, 0, 0, 0, -200604, 5, 0},
+    {"ValueComesBack", kF64, Handle::kLive, true, 2.5, 0, 0, 0, 2.5, 1},
+    {"WarningKeepsTheValue", kF64, Handle::kLive, true, 4, 200077, 0, 200077, 4, 1},
+    {"ErrorScrubs", kF64, Handle::kLive, true, 4, -201003, 0, -201003, 0, 1},
+    {"ExceptionScrubs", kF64, Handle::kLive, true, 0, kThrows, 0, zqpalerr_softwareFault, 0, 1},
+    {"SizeThatFits", kSize, Handle::kLive, true, k2Pow32 - 1, 0, 0, 0, k2Pow32 - 1, 1},
+    {"SizeThatOverflows", kSize, Handle::kLive, true, k2Pow32, 0, 0, zqpalerr_calculationOverflow, 0, 1},
+    {"OverflowIsNotTestedAfterAnError", kSize, Handle::kLive, true, k2Pow32, -201003, 0, -201003, 0, 1},
+    {"TaskOperation", kU32, Handle::kLive, true, 3, 0, 0, 0, 3, 1},
+    {"NarrowAnswer", kOffset, Handle::kLive, true, -7, 0, 0, 0, -7, 1},
+    {"WideAfterMinus89000", kOffset, Handle::kLive, true, 123456, 0, -89000, 0, 123456, 2},
+    {"WideNegativeOffsetFits", kOffset, Handle::kLive, true, -2147483648.0, 0, -89000, 0, -2147483648.0, 2},
+    {"WideOffsetOverflows", kOffset, Handle::kLive, true, 0x1p40, 0, -89000, zqpalerr_calculationOverflow, 0, 2},
+    {"WideSizeOverflows", kAvail, Handle::kLive, true, k2Pow32, 0, -89000, zqpalerr_calculationOverflow, 0, 2},
+    {"WideWarningSurvives", kAvail, Handle::kLive, true, 9, 200077, -89000, 200077, 9, 2},
+    {"NoFallbackForAnotherCode", kOffset, Handle::kLive, true, 1, 0, -89001, -89001, 0, 1},
 };
 
 class ScalarGet : public testing::TestWithParam<GetCase> {};
@@ -139,16 +112,20 @@ class ScalarGet : public testing::TestWithParam<GetCase> {};
 TEST_P(ScalarGet, AnswersAsTheCaseSays) {
   const GetCase& c = GetParam();
   auto task = RecordingTask::create();
-  c.setup(*task);
+  if (c.narrowCode) task->on(c.getter.narrow).status(c.narrowCode);
+  zqtest::Reply& answer = task->on(c.narrowCode ? c.getter.wide : c.getter.narrow).value(c.answer);
+  if (c.code == kThrows) answer.throws(std::runtime_error("plug-in threw"));
+  else if (c.code) answer.status(c.code);
   if (c.handle == Handle::kExpired) task->expire();
   zqtest::clearLastError();
 
   double value = 0;
-  EXPECT_EQ(c.get(c.handle == Handle::kNull ? nullptr : task->handle(), c.withData, &value), c.expected);
+  EXPECT_EQ(c.getter.get(c.handle == Handle::kNull ? nullptr : task->handle(), c.withData, &value), c.expected);
   EXPECT_EQ(value, c.value);
   std::vector<std::string> ops;
   for (const auto& call : task->calls()) ops.push_back(call.op);
-  EXPECT_EQ(ops, c.ops);
+  const std::vector<std::string> both{c.getter.narrow, c.getter.wide ? c.getter.wide : ""};
+  EXPECT_EQ(ops, std::vector<std::string>(both.begin(), both.begin() + c.calls));
   EXPECT_EQ(zqtest::lastErrorCode(), c.expected < 0 ? c.expected : 0);
 }
 

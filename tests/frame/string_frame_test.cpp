@@ -218,10 +218,19 @@ TEST(TextGetOperation, ExceptionInTheOperationBecomesAStatus) {
 
 // --- Set -----------------------------------------------------------------------------------
 
-struct SetCase {
-  const char* label;
+// One Set shape: the accessor and the operation it must reach.
+struct SetShape {
   SetText set;
   const char* op;
+};
+
+const SetShape kString{setCustomScaleName, "setChannelAttributeString"};
+const SetShape kTerminal{setSampClkSrc, "setTimingAttributeString"};
+const SetShape kList{setStartTrigTerm, "setTimingAttributeStringVtr"};
+
+struct SetCase {
+  const char* label;
+  SetShape shape;
   Handle handle;
   const char* input;
   int32_t expected;
@@ -230,33 +239,27 @@ struct SetCase {
 };
 
 const SetCase kSetCases[] = {
-    {"StringStripsSpaces", setCustomScaleName, "setChannelAttributeString", Handle::kLive, " PFI0 ", 0, "PFI0", 0},
-    {"StringStripsAllSixWhiteSpaces", setCustomScaleName, "setChannelAttributeString", Handle::kLive,
-     "\t\r\n\f\v a b \v\f\n\r\t", 0, "a b", 0},
-    {"StringNullIsEmpty", setCustomScaleName, "setChannelAttributeString", Handle::kLive, nullptr, 0, "", 0},
-    {"StringKeepsCommas", setCustomScaleName, "setChannelAttributeString", Handle::kLive, "PFI0, PFI1", 0,
-     "PFI0, PFI1", 0},
-    {"StringKeepsColons", setCustomScaleName, "setChannelAttributeString", Handle::kLive, "ai0:", 0, "ai0:", 0},
-    {"StringNullHandle", setCustomScaleName, "setChannelAttributeString", Handle::kNull, "x", -200230, nullptr, 0},
-    {"StringExpiredTask", setCustomScaleName, "setChannelAttributeString", Handle::kExpired, "x", zqpalerr_badPointer, nullptr, 0},
-    {"TerminalStripsSpaces", setSampClkSrc, "setTimingAttributeString", Handle::kLive, " PFI0 ", 0, "PFI0", 0},
-    {"TerminalNullIsEmpty", setSampClkSrc, "setTimingAttributeString", Handle::kLive, nullptr, 0, "", 0},
-    {"TerminalWithDevice", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "/Dev1/PFI0", 0, "/Dev1/PFI0", 0},
-    {"TerminalPassesTheTextNotTheName", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0 , ", 0,
-     "PFI0 ,", 0},
-    {"TwoTerminals", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0,PFI1", nZQMSTS100::kErrorMoreThanOneTerminal, nullptr, 2},
-    {"TerminalRange", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0:2", nZQMSTS100::kErrorMoreThanOneTerminal, nullptr, 3},
-    {"TerminalListError", setSampClkSrc, "setTimingAttributeString", Handle::kLive, "PFI0:", zqwombat::kErrorInvalidRange, nullptr, 0},
-    {"TerminalNullHandleWins", setSampClkSrc, "setTimingAttributeString", Handle::kNull, "PFI0,PFI1", -200230,
-     nullptr, 0},
-    {"ListSplitsAndStrips", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, " a, b ,c ", 0,
-     "a, b, c", 0},
-    {"ListExpandsRanges", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, "ai0:2", 0,
-     "ai0, ai1, ai2", 0},
-    {"ListNullIsEmpty", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, nullptr, 0, "", 0},
-    {"ListOfCommasIsEmpty", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, ",,,", 0, "", 0},
-    {"ListError", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kLive, ":3", zqwombat::kErrorInvalidRange, nullptr, 0},
-    {"ListExpiredTask", setStartTrigTerm, "setTimingAttributeStringVtr", Handle::kExpired, "a", zqpalerr_badPointer, nullptr, 0},
+    {"StringStripsSpaces", kString, Handle::kLive, " PFI0 ", 0, "PFI0", 0},
+    {"StringStripsAllSixWhiteSpaces", kString, Handle::kLive, "\t\r\n\f\v a b \v\f\n\r\t", 0, "a b", 0},
+    {"StringNullIsEmpty", kString, Handle::kLive, nullptr, 0, "", 0},
+    {"StringKeepsCommas", kString, Handle::kLive, "PFI0, PFI1", 0, "PFI0, PFI1", 0},
+    {"StringKeepsColons", kString, Handle::kLive, "ai0:", 0, "ai0:", 0},
+    {"StringNullHandle", kString, Handle::kNull, "x", -200230, nullptr, 0},
+    {"StringExpiredTask", kString, Handle::kExpired, "x", zqpalerr_badPointer, nullptr, 0},
+    {"TerminalStripsSpaces", kTerminal, Handle::kLive, " PFI0 ", 0, "PFI0", 0},
+    {"TerminalNullIsEmpty", kTerminal, Handle::kLive, nullptr, 0, "", 0},
+    {"TerminalWithDevice", kTerminal, Handle::kLive, "/Dev1/PFI0", 0, "/Dev1/PFI0", 0},
+    {"TerminalPassesTheTextNotTheName", kTerminal, Handle::kLive, "PFI0 , ", 0, "PFI0 ,", 0},
+    {"TwoTerminals", kTerminal, Handle::kLive, "PFI0,PFI1", nZQMSTS100::kErrorMoreThanOneTerminal, nullptr, 2},
+    {"TerminalRange", kTerminal, Handle::kLive, "PFI0:2", nZQMSTS100::kErrorMoreThanOneTerminal, nullptr, 3},
+    {"TerminalListError", kTerminal, Handle::kLive, "PFI0:", zqwombat::kErrorInvalidRange, nullptr, 0},
+    {"TerminalNullHandleWins", kTerminal, Handle::kNull, "PFI0,PFI1", -200230, nullptr, 0},
+    {"ListSplitsAndStrips", kList, Handle::kLive, " a, b ,c ", 0, "a, b, c", 0},
+    {"ListExpandsRanges", kList, Handle::kLive, "ai0:2", 0, "ai0, ai1, ai2", 0},
+    {"ListNullIsEmpty", kList, Handle::kLive, nullptr, 0, "", 0},
+    {"ListOfCommasIsEmpty", kList, Handle::kLive, ",,,", 0, "", 0},
+    {"ListError", kList, Handle::kLive, ":3", zqwombat::kErrorInvalidRange, nullptr, 0},
+    {"ListExpiredTask", kList, Handle::kExpired, "a", zqpalerr_badPointer, nullptr, 0},
 };
 
 class TextSet : public testing::TestWithParam<SetCase> {};
@@ -267,9 +270,9 @@ TEST_P(TextSet, PassesTheValueAsTheCaseSays) {
   if (c.handle == Handle::kExpired) task->expire();
   zqtest::clearLastError();
 
-  EXPECT_EQ(c.set(c.handle == Handle::kNull ? nullptr : task->handle(), nullptr, c.input), c.expected);
+  EXPECT_EQ(c.shape.set(c.handle == Handle::kNull ? nullptr : task->handle(), nullptr, c.input), c.expected);
   if (c.passed) {
-    ASSERT_EQ(task->callCount(c.op), 1u);
+    ASSERT_EQ(task->callCount(c.shape.op), 1u);
     EXPECT_EQ(task->lastCall().text("value"), c.passed);
   } else {
     EXPECT_TRUE(task->calls().empty());

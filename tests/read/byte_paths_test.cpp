@@ -43,11 +43,11 @@ TEST_F(LinesRead, CountIsFittedToTheBytesOfTheArray) {
     if (f.seen < 0) {
       EXPECT_EQ(code, -200229);
       EXPECT_EQ(readCalls("readLineVectorU8"), 0u);
-      EXPECT_EQ(item(0, "usage"), "kUsageTypeBufferLength");
-      EXPECT_EQ(item(0, "value_type"), "uint32_t");
-      EXPECT_EQ(item(1, "usage"), "kUsageTypeReqBufSizeInBytes");
-      EXPECT_EQ(item(1, "value"), std::to_string(f.required));
-      EXPECT_EQ(item(1, "value_type"), "uint64_t");
+      EXPECT_EQ(lastErrorItem(0, "usage"), "kUsageTypeBufferLength");
+      EXPECT_EQ(lastErrorItem(0, "value_type"), "uint32_t");
+      EXPECT_EQ(lastErrorItem(1, "usage"), "kUsageTypeReqBufSizeInBytes");
+      EXPECT_EQ(lastErrorItem(1, "value"), std::to_string(f.required));
+      EXPECT_EQ(lastErrorItem(1, "value_type"), "uint64_t");
       EXPECT_EQ(got, 77);
       EXPECT_EQ(bytes, 77);
     } else {
@@ -83,14 +83,14 @@ TEST_F(LinesRead, PluginReshapesTheLinesAndWritesOneBytePerLine) {
 
 TEST_F(LinesRead, NullArrayIsParameterFive) {
   EXPECT_EQ(VorexReadDigitalLines(handle, 1, 1.0, 0, nullptr, 8, nullptr, nullptr, nullptr), -200230);
-  EXPECT_EQ(item(0, "value"), "5");
+  EXPECT_EQ(lastErrorItem(0, "value"), "5");
   EXPECT_TRUE(task->calls().empty());
 }
 
 TEST_F(RawRead, NullArrayIsParameterFourUnlessNothingIsAsked) {
   EXPECT_EQ(VorexReadRaw(handle, 3, 1.0, nullptr, 8, nullptr, nullptr, nullptr), -200230);
-  EXPECT_EQ(item(0, "usage"), "kUsageTypeParamNum");
-  EXPECT_EQ(item(0, "value"), "4");
+  EXPECT_EQ(lastErrorItem(0, "usage"), "kUsageTypeParamNum");
+  EXPECT_EQ(lastErrorItem(0, "value"), "4");
   EXPECT_EQ(VorexReadRaw(handle, 0, 1.0, nullptr, 8, nullptr, nullptr, nullptr), -52005);
   EXPECT_EQ(readCalls("readRawU8"), 0u);
 }
@@ -146,7 +146,7 @@ TEST_F(RawRead, CountBelowAutoIsInvalid) {
   EXPECT_EQ(VorexReadRaw(handle, -5, 1.0, array, 4, nullptr, nullptr, nullptr), -200096);
   EXPECT_EQ(std::count(array, array + 4, 0), 4);
   EXPECT_EQ(readCalls("readRawU8"), 0u);
-  EXPECT_EQ(item(0, "value"), "-5");
+  EXPECT_EQ(lastErrorItem(0, "value"), "-5");
 }
 
 }  // namespace

@@ -92,8 +92,8 @@ TEST_F(PairPath, FailuresBeforeThePluginIsCalled) {
     EXPECT_EQ(VorexReadCtrFreq(task->handle(), f.count, 1.0, 0, f.firstNull ? nullptr : a,
                                f.secondNull ? nullptr : b, f.size, &got, nullptr),
               f.code);
-    EXPECT_EQ(item(0, "usage"), f.usage);
-    EXPECT_EQ(item(0, "value"), f.value);
+    EXPECT_EQ(lastErrorItem(0, "usage"), f.usage);
+    EXPECT_EQ(lastErrorItem(0, "value"), f.value);
     EXPECT_EQ(readCalls("readVectorCounterDutyCycleAndFrequencyF64"), 0u);
     EXPECT_EQ(got, 77);
     // Cleared only when both arrays are there.

@@ -1,4 +1,4 @@
-// What the read tests share: a task that answers like a plug-in, and the failure's usage items.
+// What the read tests share: a task that answers like a plug-in, and the fixture that owns it.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,7 +8,6 @@
 #include <string>
 
 #include "frame/last_error_probe.h"
-#include "paths/report_query.h"
 #include "read_task.h"
 #include "zqcai_rd_mbcs.h"
 
@@ -26,13 +25,6 @@ class ReadTest : public testing::Test {
   size_t readCalls(const std::string& op) const { return task->callCount(op); }
   int64_t countSeen() const { return std::get<int64_t>(task->lastCall().arg("numSampsPerChan")->value); }
   uint64_t kindSeen() const { return std::get<uint64_t>(task->lastCall().arg("channelKind")->value); }
-
-  // A field of the n-th usage item of the last failure's report.
-  static std::string item(int n, const char* key) {
-    const auto* record = lastError();
-    const std::string step = "#" + std::to_string(n);
-    return reportAt(record ? record->status.report : nullptr, {"translator_info", "ordered_data", step, key});
-  }
 
   std::shared_ptr<ReadTask> task = ReadTask::make();
   TaskHandle handle = task->handle();

@@ -102,8 +102,8 @@ TEST_F(CheckedPath, NullArrayWithACountIsParameterFiveWithoutOneTheAdapterFails)
     channels({"a"}, 10);
     clearLastError();
     EXPECT_EQ(r.call(task->handle(), 5, 0, true, 10, nullptr), -200230);
-    EXPECT_EQ(item(0, "usage"), "kUsageTypeParamNum");
-    EXPECT_EQ(item(0, "value"), "5");
+    EXPECT_EQ(lastErrorItem(0, "usage"), "kUsageTypeParamNum");
+    EXPECT_EQ(lastErrorItem(0, "value"), "5");
     EXPECT_EQ(readCalls(r.op), 0u);
     EXPECT_EQ(r.call(task->handle(), 0, 0, true, 10, nullptr), -52005);
     EXPECT_EQ(readCalls(r.op), 0u);
@@ -119,9 +119,9 @@ TEST_F(CheckedPath, CountBelowAutoIsInvalidAfterTheArrayWasCleared) {
     clearLastError();
     int32_t got = 77;
     EXPECT_EQ(r.call(task->handle(), -2, 0, false, 64, &got), -200096);
-    EXPECT_EQ(item(0, "usage"), "kUsageTypeRequestedNumberSamples");
-    EXPECT_EQ(item(0, "value"), "-2");
-    EXPECT_EQ(item(0, "value_type"), "int32_t");
+    EXPECT_EQ(lastErrorItem(0, "usage"), "kUsageTypeRequestedNumberSamples");
+    EXPECT_EQ(lastErrorItem(0, "value"), "-2");
+    EXPECT_EQ(lastErrorItem(0, "value_type"), "int32_t");
     EXPECT_TRUE(r.allZero(64));
     EXPECT_EQ(readCalls(r.op), 0u);
     EXPECT_EQ(got, 77);
@@ -164,12 +164,12 @@ TEST_F(CheckedPath, CountIsResolvedAndFittedToTheArray) {
         EXPECT_EQ(code, -200229);
         EXPECT_EQ(readCalls(r.op), 0u);
         EXPECT_EQ(got, 77);
-        EXPECT_EQ(item(0, "usage"), "kUsageTypeBufferLength");
-        EXPECT_EQ(item(0, "value"), std::to_string(f.size));
-        EXPECT_EQ(item(0, "value_type"), "uint32_t");
-        EXPECT_EQ(item(1, "usage"), "kUsageTypeReqBufSizeInSamps");
-        EXPECT_EQ(item(1, "value"), std::to_string(f.required));
-        EXPECT_EQ(item(1, "value_type"), "uint32_t");
+        EXPECT_EQ(lastErrorItem(0, "usage"), "kUsageTypeBufferLength");
+        EXPECT_EQ(lastErrorItem(0, "value"), std::to_string(f.size));
+        EXPECT_EQ(lastErrorItem(0, "value_type"), "uint32_t");
+        EXPECT_EQ(lastErrorItem(1, "usage"), "kUsageTypeReqBufSizeInSamps");
+        EXPECT_EQ(lastErrorItem(1, "value"), std::to_string(f.required));
+        EXPECT_EQ(lastErrorItem(1, "value_type"), "uint32_t");
       } else {
         EXPECT_EQ(code, 0);
         ASSERT_EQ(readCalls(r.op), 1u);

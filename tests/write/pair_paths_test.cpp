@@ -1,7 +1,6 @@
 // The counter pair writes: two arrays merged, element by element, into one temporary array of
 // pair records in the order of the plug-in's record.
 #include <cstring>
-#include <functional>
 
 #include "write_fixture.h"
 
@@ -61,35 +60,7 @@ TEST_F(PairPath, HighGoesToTheFirstFieldAndLowToTheSecond) {
   EXPECT_EQ(task->seen.layout, 0);
 }
 
-using PairCall =
-    std::function<int32_t(TaskHandle, int32_t n, bool nullFirst, bool nullSecond, int32_t* written)>;
-
-struct PairCase {
-  const char* name;
-  PairCall call;
-  const char* op;
-};
-
-const double kF64[4] = {1, 2, 3, 4};
-const uint32_t kU32[4] = {1, 2, 3, 4};
-
-const PairCase kPairs[] = {
-    {"WriteCtrFreq",
-     [](TaskHandle h, int32_t n, bool a, bool b, int32_t* w) {
-       return VorexWriteCtrFreq(h, n, 0, 1.0, 0, a ? nullptr : kF64, b ? nullptr : kF64, w, nullptr);
-     },
-     "writeVectorCounterDutyCycleAndFrequencyF64"},
-    {"WriteCtrTime",
-     [](TaskHandle h, int32_t n, bool a, bool b, int32_t* w) {
-       return VorexWriteCtrTime(h, n, 0, 1.0, 0, a ? nullptr : kF64, b ? nullptr : kF64, w, nullptr);
-     },
-     "writeVectorCounterHighAndLowTimesF64"},
-    {"WriteCtrTicks",
-     [](TaskHandle h, int32_t n, bool a, bool b, int32_t* w) {
-       return VorexWriteCtrTicks(h, n, 0, 1.0, 0, a ? nullptr : kU32, b ? nullptr : kU32, w, nullptr);
-     },
-     "writeVectorCounterHighAndLowTicksU32"},
-};
+const std::vector<WriteRoute> kPairs = writesOf({WriteShape::kPair});
 
 TEST_F(PairPath, FailedChecksStopBeforeTheTaskWithTheirItems) {
   channels(2);
@@ -107,28 +78,28 @@ TEST_F(PairPath, FailedChecksStopBeforeTheTaskWithTheirItems) {
       {"both null: the first is named", 2, true, true, -200230, "kUsageTypeParamNum", "6"},
       {"negative count", -1, false, false, -200622, "kUsageTypeNumSampsToWrite", "-1"},
   };
-  for (const PairCase& c : kPairs) {
+  for (const WriteRoute& c : kPairs) {
     for (const Check& k : checks) {
       SCOPED_TRACE(std::string(c.name) + ": " + k.what);
       task->clearCalls();
       clearLastError();
       int32_t written = -7;
-      EXPECT_EQ(c.call(handle, k.n, k.nullFirst, k.nullSecond, &written), k.code);
+      EXPECT_EQ(c.call({handle, k.n, 0, 0, k.nullFirst, k.nullSecond, &written}), k.code);
       EXPECT_TRUE(task->calls().empty());
       EXPECT_EQ(written, 0);
-      EXPECT_EQ(item(0, "usage"), k.usage);
-      EXPECT_EQ(item(0, "value"), k.value);
-      EXPECT_EQ(item(1, "usage"), kAbsent);  // one item: the first failure stays alone
+      EXPECT_EQ(lastErrorItem(0, "usage"), k.usage);
+      EXPECT_EQ(lastErrorItem(0, "value"), k.value);
+      EXPECT_EQ(lastErrorItem(1, "usage"), kAbsent);  // one item: the first failure stays alone
     }
   }
 }
 
 TEST_F(PairPath, ATaskWithoutChannelsFailsWithoutAPlugInCall) {
   channels(0);
-  for (const PairCase& c : kPairs) {
+  for (const WriteRoute& c : kPairs) {
     SCOPED_TRACE(c.name);
     int32_t written = -7;
-    EXPECT_EQ(c.call(handle, 2, false, false, &written), -201395);
+    EXPECT_EQ(c.call({.handle = handle, .written = &written}), -201395);
     EXPECT_EQ(callsOf(c.op), 0u);
     EXPECT_EQ(written, 0);
   }
@@ -136,11 +107,11 @@ TEST_F(PairPath, ATaskWithoutChannelsFailsWithoutAPlugInCall) {
 
 TEST_F(PairPath, ACountOfZeroReachesThePlugInEvenWithNullArrays) {
   channels(2);
-  for (const PairCase& c : kPairs) {
+  for (const WriteRoute& c : kPairs) {
     SCOPED_TRACE(c.name);
     task->on(c.op).value(uint32_t{0});
     int32_t written = -7;
-    EXPECT_EQ(c.call(handle, 0, true, true, &written), 0);
+    EXPECT_EQ(c.call({handle, 0, 0, 0, true, true, &written}), 0);
     EXPECT_EQ(callsOf(c.op), 1u);
     EXPECT_EQ(task->seen.sampsPerChan, 0u);
     EXPECT_EQ(written, 0);
@@ -151,10 +122,10 @@ TEST_F(PairPath, ATemporaryArrayTooLargeForMemoryFailsTheCallWithoutAPlugInCall)
   // The byte count of numSampsPerChan x numChans records overflows the address space on
   // 64 bits and cannot be allocated on 32; the arrays are never read.
   channels(0xFFFFFFFFu);
-  for (const PairCase& c : kPairs) {
+  for (const WriteRoute& c : kPairs) {
     SCOPED_TRACE(c.name);
     int32_t written = -7;
-    EXPECT_EQ(c.call(handle, 0x7FFFFFFF, false, false, &written), -52000);
+    EXPECT_EQ(c.call({.handle = handle, .n = 0x7FFFFFFF, .written = &written}), -52000);
     EXPECT_EQ(callsOf(c.op), 0u);
     EXPECT_EQ(written, 0);
   }

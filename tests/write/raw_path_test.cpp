@@ -58,8 +58,8 @@ TEST_F(RawPath, FailedChecksStopBeforeTheTask) {
     EXPECT_EQ(written, 0);
     if (k.usage) {
       EXPECT_TRUE(task->calls().empty());
-      EXPECT_EQ(item(0, "usage"), k.usage);
-      EXPECT_EQ(item(0, "value"), k.value);
+      EXPECT_EQ(lastErrorItem(0, "usage"), k.usage);
+      EXPECT_EQ(lastErrorItem(0, "value"), k.value);
     }
   }
 }

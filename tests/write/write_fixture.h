@@ -1,15 +1,18 @@
-// What the write tests share: a task that answers like a plug-in, and the failure's usage items.
+// What the write tests share: a task that answers like a plug-in, the fixture that owns it, and
+// a table of every write function.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "frame/last_error_probe.h"
-#include "paths/report_query.h"
 #include "write_task.h"
 #include "zqcai_rd_mbcs.h"
 
@@ -18,6 +21,97 @@ namespace zqtest {
 inline constexpr int32_t kWriteNumChans = 0x217E;
 inline constexpr int32_t kWriteDigitalLinesBytesPerChan = 0x217F;
 inline constexpr int32_t kWriteRawDataWidth = 0x217D;
+
+// The arguments a case of a write may vary; the timeout is always 1.
+struct WriteArgs {
+  TaskHandle handle;
+  int32_t n = 2;
+  int32_t autoStart = 0;
+  int32_t layout = 0;
+  bool nullFirst = false;
+  bool nullSecond = false;
+  int32_t* written = nullptr;
+  bool32* reserved = nullptr;
+  template <class T>
+  const T* first(const T* array) const { return nullFirst ? nullptr : array; }
+  template <class T>
+  const T* second(const T* array) const { return nullSecond ? nullptr : array; }
+};
+
+enum class WriteShape { kVector, kLines, kRaw, kPair, kScalar };
+
+// Every write function: its plug-in operation and channel kind, and for the vector writes the
+// caller's array of six elements that reaches the plug-in uncopied.
+struct WriteRoute {
+  const char* name;
+  int32_t (*call)(const WriteArgs&);
+  const char* op;
+  uint64_t kind;
+  WriteShape shape;
+  const void* array = nullptr;
+  size_t elementSize = 0;
+};
+
+inline double f64[6] = {1.5, 2.5, 3.5, 4.5, 5.5, 6.5};
+inline double f64b[6] = {5, 6, 7, 8, 9, 10};
+inline uint16_t u16[6] = {1, 2, 0xFFFF, 4, 5, 6};
+inline int16_t i16[6] = {1, 2, -1, 4, 5, 6};
+inline uint32_t u32[6] = {1, 2, 0xFFFFFFFF, 4, 5, 6};
+inline uint32_t u32b[6] = {5, 6, 7, 8, 9, 10};
+inline int32_t i32[6] = {1, 2, -1, 4, 5, 6};
+inline uint8_t u8[8] = {1, 2, 3, 4, 5, 6, 7, 8};
+
+#define ZQ_VECTOR(fn, array, op, kind, shape)                                                       \
+  {#fn,                                                                                             \
+   [](const WriteArgs& a) {                                                                         \
+     return fn(a.handle, a.n, a.autoStart, 1.0, a.layout, a.first(array), a.written, a.reserved); \
+   },                                                                                               \
+   op, kind, shape, array, sizeof *array}
+#define ZQ_PAIR(fn, one, two, op)                                                                                    \
+  {#fn,                                                                                                              \
+   [](const WriteArgs& a) {                                                                                          \
+     return fn(a.handle, a.n, a.autoStart, 1.0, a.layout, a.first(one), a.second(two), a.written, a.reserved);     \
+   },                                                                                                                \
+   op, 10132, WriteShape::kPair}
+#define ZQ_SCALAR(fn, op, kind, ...)                                                                          \
+  {#fn, [](const WriteArgs& a) { return fn(a.handle, a.autoStart, 1.0, __VA_ARGS__, a.reserved); }, op, kind, \
+   WriteShape::kScalar}
+
+inline const WriteRoute kWrites[] = {
+    ZQ_VECTOR(VorexWriteAnalogF64, f64, "writeScaledVectorF64", 10102, WriteShape::kVector),
+    ZQ_VECTOR(VorexWriteBinaryU16, u16, "writeBinaryVectorI16", 10102, WriteShape::kVector),
+    ZQ_VECTOR(VorexWriteBinaryI16, i16, "writeBinaryVectorI16", 10102, WriteShape::kVector),
+    ZQ_VECTOR(VorexWriteBinaryU32, u32, "writeBinaryVectorI32", 10102, WriteShape::kVector),
+    ZQ_VECTOR(VorexWriteBinaryI32, i32, "writeBinaryVectorI32", 10102, WriteShape::kVector),
+    ZQ_VECTOR(VorexWriteDigitalU8, u8, "writePortVectorU8", 10153, WriteShape::kVector),
+    ZQ_VECTOR(VorexWriteDigitalU16, u16, "writePortVectorU16", 10153, WriteShape::kVector),
+    ZQ_VECTOR(VorexWriteDigitalU32, u32, "writePortVectorU32", 10153, WriteShape::kVector),
+    ZQ_VECTOR(VorexWriteDigitalLines, u8, "writeLineVectorU8", 10153, WriteShape::kLines),
+    {"VorexWriteRaw",
+     [](const WriteArgs& a) {
+       return VorexWriteRaw(a.handle, a.n, a.autoStart, 1.0, a.first(u8), a.written, a.reserved);
+     },
+     "writeRawU8", 10102, WriteShape::kRaw},
+    ZQ_PAIR(VorexWriteCtrFreq, f64, f64b, "writeVectorCounterDutyCycleAndFrequencyF64"),
+    ZQ_PAIR(VorexWriteCtrTime, f64, f64b, "writeVectorCounterHighAndLowTimesF64"),
+    ZQ_PAIR(VorexWriteCtrTicks, u32, u32b, "writeVectorCounterHighAndLowTicksU32"),
+    ZQ_SCALAR(VorexWriteAnalogScalarF64, "writeScaledScalarF64", 10102, 2.5),
+    ZQ_SCALAR(VorexWriteDigitalScalarU32, "writePortScalarU32", 10153, 7),
+    ZQ_SCALAR(VorexWriteCtrFreqScalar, "writeScalarCounterDutyCycleAndFrequencyF64", 10132, 100, 0.5),
+    ZQ_SCALAR(VorexWriteCtrTimeScalar, "writeScalarCounterHighAndLowTimesF64", 10132, 0.1, 0.2),
+    ZQ_SCALAR(VorexWriteCtrTicksScalar, "writeScalarCounterHighAndLowTicksU32", 10132, 3, 4),
+};
+#undef ZQ_VECTOR
+#undef ZQ_PAIR
+#undef ZQ_SCALAR
+
+// The writes of the given shapes, in table order.
+inline std::vector<WriteRoute> writesOf(std::initializer_list<WriteShape> shapes) {
+  std::vector<WriteRoute> out;
+  for (const WriteRoute& w : kWrites)
+    if (std::find(shapes.begin(), shapes.end(), w.shape) != shapes.end()) out.push_back(w);
+  return out;
+}
 
 class WriteTest : public testing::Test {
  protected:
@@ -37,13 +131,6 @@ class WriteTest : public testing::Test {
     for (auto it = task->calls().rbegin(); it != task->calls().rend(); ++it)
       if (it->op == op) return *it;
     throw std::runtime_error("no call of " + op);
-  }
-
-  // A field of the n-th usage item of the last failure's report.
-  static std::string item(int n, const char* key) {
-    const auto* record = lastError();
-    const std::string step = "#" + std::to_string(n);
-    return reportAt(record ? record->status.report : nullptr, {"translator_info", "ordered_data", step, key});
   }
 
   std::shared_ptr<WriteTask> task = WriteTask::make();
