@@ -12,6 +12,7 @@
 #include "fake_debug_target.h"
 #include "slot_plugin.h"
 #include "task_fixture.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -84,8 +85,8 @@ struct MirrorCase {
         [](Task& t, [[maybe_unused]] Io& io, zqerr_Status* s) { return t.op arguments; } \
   }
 
-constexpr int32_t kNoChannels = -200478;
-constexpr int32_t kNoDevice = -200477;
+constexpr int32_t kNoChannels = nZQMSTS::kErrorCanNotPerformOpWhenNoChansInTask;
+constexpr int32_t kNoDevice = nZQMSTS::kErrorCanNotPerformOpWhenNoDevInTask;
 
 #define READ_ARRAY (3, io.array.boundary(), &io.layout, 4, 1.0, nullptr, s)
 #define READ_LINES (3, io.lines.boundary(), &io.layout, 4, 1.0, nullptr, s)
@@ -227,46 +228,31 @@ TEST(SampleMirroring, ATargetThatCachesSamplesIsShownEachReadAndWrite) {
   }
 }
 
-TEST(SampleMirroring, NothingIsHandedOverWithoutATargetThatAsksForSamples) {
+TEST(SampleMirroring, NothingIsShownWithoutATargetThatAsksOrWithoutAPluginCall) {
   struct Setting {
+    const char* name;
+    bool bound;
     bool withTarget;
     int32_t cacheSamples;
+    int32_t entryCode;
   };
+  const Setting settings[] = {{"target not caching", true, true, 0, 0},
+                              {"no target", true, false, 1, 0},
+                              {"unbound: answers by family", false, true, 1, 0},
+                              {"failed status on entry", true, true, 1, -1}};
   for (const MirrorCase& c : mirrorCases()) {
-    for (Setting setting : {Setting{true, 0}, Setting{false, 1}}) {
-      Mirrored m(c, true, setting.withTarget, setting.cacheSamples);
+    for (const Setting& setting : settings) {
+      SCOPED_TRACE(std::string(c.op) + ", " + setting.name);
+      Mirrored m(c, setting.bound, setting.withTarget, setting.cacheSamples);
       Io io;
       zqerr::Status status;
-      EXPECT_EQ(c.run(*m.task, io, &status), kPluginCount) << c.op;
-      EXPECT_EQ(status.code, 0) << c.op;
-      EXPECT_EQ(callLog(), std::vector<std::string>{"samples:task"}) << c.op;
-      EXPECT_TRUE(m.target->calls.empty()) << c.op;
+      status.code = setting.entryCode;
+      const bool reaches = setting.bound && setting.entryCode == 0;
+      EXPECT_EQ(c.run(*m.task, io, &status), reaches ? kPluginCount : 0u);
+      EXPECT_EQ(status.code, setting.bound ? setting.entryCode : c.unboundCode);
+      EXPECT_EQ(callLog(), reaches ? std::vector<std::string>{"samples:task"} : std::vector<std::string>{});
+      EXPECT_TRUE(m.target->calls.empty());
     }
-  }
-}
-
-TEST(SampleMirroring, AnUnboundTaskAnswersByFamilyAndShowsNothing) {
-  for (const MirrorCase& c : mirrorCases()) {
-    Mirrored m(c, false, true, 1);
-    Io io;
-    zqerr::Status status;
-    EXPECT_EQ(c.run(*m.task, io, &status), 0u) << c.op;
-    EXPECT_EQ(status.code, c.unboundCode) << c.op;
-    EXPECT_TRUE(callLog().empty()) << c.op;
-    EXPECT_TRUE(m.target->calls.empty()) << c.op;
-  }
-}
-
-TEST(SampleMirroring, AFailedStatusOnEntryShowsNothing) {
-  for (const MirrorCase& c : mirrorCases()) {
-    Mirrored m(c, true, true, 1);
-    Io io;
-    zqerr::Status status;
-    status.code = -1;
-    EXPECT_EQ(c.run(*m.task, io, &status), 0u) << c.op;
-    EXPECT_EQ(status.code, -1) << c.op;
-    EXPECT_TRUE(callLog().empty()) << c.op;
-    EXPECT_TRUE(m.target->calls.empty()) << c.op;
   }
 }
 

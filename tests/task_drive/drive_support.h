@@ -78,7 +78,6 @@ class DriveSwitches {
   bool loaded() const { return counter_ != nullptr; }
 
   void blockReads(const std::string& taskName, bool on) const { blockReads_(taskName.c_str(), on ? 1 : 0); }
-  void channelFailCode(int32_t code) const { failCode_(code); }
   bool awaitBlockedReads(uint32_t count) const { return awaitBlocked_(count, kHangLimitMs) != 0; }
   int64_t counter(int32_t which) const { return counter_(which); }
 
@@ -87,7 +86,6 @@ class DriveSwitches {
  private:
   void* library_ = nullptr;
   zqtestDrive_testSetBlockReads_fn blockReads_ = nullptr;
-  zqtestDrive_testSetChannelFailCode_fn failCode_ = nullptr;
   zqtestDrive_testAwaitBlockedReads_fn awaitBlocked_ = nullptr;
   zqtestDrive_testCounter_fn counter_ = nullptr;
 };

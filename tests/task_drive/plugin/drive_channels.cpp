@@ -63,7 +63,7 @@ ZQ_NATIVE_EXPORT void zqtestDrive_createAIVoltageChannel(
   for (size_t i = 0; i < entries.size(); ++i) {
     // A device that fails half way keeps what it made before: rollback takes that back.
     if (channelPart(entries[i]) == "fail") {
-      fail(status, channelFailCode());
+      fail(status, zqtestDrive_kChannelFailCode);
       return;
     }
     Channel channel{i < names.size() ? names[i] : entries[i], entries[i]};

@@ -68,8 +68,6 @@ void releaseEvent(const DriveEvent& event);
 // Fires `event` `count` times (done: once, with `code`).
 void fireEvent(const DriveEvent& event, uint32_t count, int32_t code);
 
-int32_t channelFailCode();
-void setChannelFailCode(int32_t code);
 bool readsBlockFor(const std::string& taskName);
 void setBlockReads(const std::string& taskName, bool on);
 // The gauge of reads waiting for an abort.
