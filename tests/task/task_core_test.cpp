@@ -128,7 +128,7 @@ TEST_F(BoundTask, OperationsReachThePluginWithTheTaskHandleAndConvertedArguments
   EXPECT_EQ(status.code, 0);
   EXPECT_EQ(callLog(), (std::vector<std::string>{"getChannelAttributeF64:task:Dev1/ai0,Dev1/ai1:6",
                                                  "setChannelAttributeF64:task::7:0.500000",
-                                                 "saveTask:task:Saved:Me:1010", "isTaskDone:task", "abortTask:task"}));
+                                                 "saveTask:task:Saved:Me:1:0:1:0", "isTaskDone:task", "abortTask:task"}));
   EXPECT_EQ(task->lockDepth(), 0);
 }
 
