@@ -1,11 +1,7 @@
 #include "slot_plugin.h"
 
-#include <algorithm>
 #include <cstring>
 #include <map>
-#include <tuple>
-#include <type_traits>
-#include <utility>
 
 namespace zqtest {
 
@@ -41,66 +37,12 @@ std::string namesOf(const zqgopher_ArrayView* view) {
   return text;
 }
 
-// The text of one argument in the log: handles by name, name lists joined, numbers in decimal.
-template <class T>
-std::string argText(T value) {
-  if constexpr (std::is_same_v<T, const char*>) {
-    return value;
-  } else if constexpr (std::is_same_v<T, const zqgopher_ArrayView*>) {
-    return namesOf(value);
-  } else if constexpr (std::is_pointer_v<T>) {
-    return handleText(value);
-  } else {
-    return std::to_string(value);
-  }
-}
-
-template <size_t N>
-struct OpName {
-  constexpr OpName(const char (&text)[N]) { std::copy_n(text, N, name); }  // NOLINT: from a literal
-  char name[N];
-};
-
-// A slot that records "op:argument:..." of every argument before the status, fails as asked
-// and answers `Answer`.
-template <OpName Op, class Fn, auto Answer = 0>
-struct Recorded;
-template <OpName Op, class R, class... A, auto Answer>
-struct Recorded<Op, R (*)(A...), Answer> {
-  static R call(A... args) {
-    auto all = std::tie(args...);
-    std::string entry = Op.name;
-    [&]<size_t... I>(std::index_sequence<I...>) {
-      ((entry += ":" + argText(std::get<I>(all))), ...);
-    }(std::make_index_sequence<sizeof...(A) - 1>());
-    record(std::move(entry), std::get<sizeof...(A) - 1>(all));
-    if constexpr (!std::is_void_v<R>) return static_cast<R>(Answer);
-  }
-};
-#define BIND_RECORDED(plugin, op, ...) \
-  bindSlot(plugin, #op, &Recorded<#op, zqvorexPlugin_##op##_fn __VA_OPT__(, ) __VA_ARGS__>::call)
-
-zqvorexPlugin_Task_undefined* createDebugSession(const char* name, zqerr_Status* status) {
-  record(std::string("createDebugSession:") + name, status);
-  return reinterpret_cast<zqvorexPlugin_Task_undefined*>(&taskObject);
-}
 void getTaskAttributeString(zqvorexPlugin_Task_undefined* task, int32_t id, zqgopher_IString* value,
                             zqerr_Status* status) {
   record("getTaskAttributeString:" + handleText(task) + ":" + std::to_string(id), status);
   if (value) value->table->assign(value, "from plug-in", 12, status);
 }
 
-zqvorexPlugin_Context_undefined* createContext(const char* name, zqerr_Status* status) {
-  record(std::string("createContext:") + name, status);
-  return reinterpret_cast<zqvorexPlugin_Context_undefined*>(&contextObject);
-}
-zqvorexPlugin_Task_undefined* createTask(zqvorexPlugin_Context_undefined* context, const char* name,
-                                         const char* saved, const char* channels, uint32_t kind,
-                                         zqerr_Status* status) {
-  record("createTask:" + handleText(context) + ":" + name + ":" + saved + ":" + channels + ":" + std::to_string(kind),
-         status);
-  return reinterpret_cast<zqvorexPlugin_Task_undefined*>(&taskObject);
-}
 void createAIVoltageChannel(zqvorexPlugin_Task_undefined* task, const char* physicalChannel, const char*, int32_t,
                             double, double, int32_t, const char*, zqgopher_IItemAdder*, zqerr_Status* status) {
   record("createAIVoltageChannel:" + handleText(task) + ":" + physicalChannel, status);
@@ -164,6 +106,7 @@ zqvorexPlugin_Context_undefined* slotContextHandle() {
 
 void recordSlotCall(std::string entry, zqerr_Status* status) { record(std::move(entry), status); }
 std::string slotHandleText(const void* handle) { return handleText(handle); }
+std::string slotNamesText(const zqgopher_ArrayView* view) { return namesOf(view); }
 
 void failNextSlotCall(int32_t code) { nextFailure = code; }
 void setNextSlotEventToken(zqvorexPlugin_EventToken token) { nextEventToken = token; }
@@ -179,7 +122,7 @@ std::shared_ptr<zqvorexRedir::Plugin> makeSlotPlugin() {
   BIND_RECORDED(*plugin, destroyTask);
   BIND_RECORDED(*plugin, destroyContext);
   BIND_RECORDED(*plugin, destroyDebugSession);
-  bind(*plugin, "createDebugSession", &createDebugSession);
+  BIND_RECORDED(*plugin, createDebugSession);
   BIND_RECORDED(*plugin, commitDebugSession);
   BIND_RECORDED(*plugin, getChannelAttributeF64, 2.5);
   BIND_RECORDED(*plugin, setChannelAttributeF64);
@@ -192,8 +135,8 @@ std::shared_ptr<zqvorexRedir::Plugin> makeSlotPlugin() {
   BIND_RECORDED(*plugin, setTaskAttributeI32);
   BIND_RECORDED(*plugin, setTaskAttributeString);
   BIND_RECORDED(*plugin, setTaskAttributeStringVtr);
-  bind(*plugin, "createContext", &createContext);
-  bind(*plugin, "createTask", &createTask);
+  BIND_RECORDED(*plugin, createContext);
+  BIND_RECORDED(*plugin, createTask);
   bind(*plugin, "createAIVoltageChannel", &createAIVoltageChannel);
   BIND_RECORDED(*plugin, addChannelsToTask);
   BIND_RECORDED(*plugin, setTimingAttributeStringVtr);

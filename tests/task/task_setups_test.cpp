@@ -18,48 +18,21 @@ using zqtest::slotHandleText;
 using zqvorexRedir::Task;
 
 // The plug-in operations that make tasks other than createTask, as slots of this program.
-zqvorexPlugin_Task_undefined* made(const std::string& entry, zqerr_Status* status) {
-  recordSlotCall(entry, status);
-  return zqtest::slotTaskHandle();
-}
-zqvorexPlugin_Task_undefined* loadTask(zqvorexPlugin_Context_undefined* context, const char* name,
-                                       zqerr_Status* status) {
-  return made("loadTask:" + slotHandleText(context) + ":" + name, status);
-}
-zqvorexPlugin_Task_undefined* createTaskFromString(zqvorexPlugin_Context_undefined* context, const char* name,
-                                                   uint32_t format, const char* text, zqerr_Status* status) {
-  return made("createTaskFromString:" + slotHandleText(context) + ":" + name + ":" + std::to_string(format) + ":" +
-                  text,
-              status);
-}
-zqvorexPlugin_Task_undefined* createWatchdogTimerTask(zqvorexPlugin_Context_undefined* context, const char* name,
-                                                      const char* device, zqerr_Status* status) {
-  return made("createWatchdogTimerTask:" + slotHandleText(context) + ":" + name + ":" + device, status);
-}
-zqvorexPlugin_Task_undefined* createSwitchScanlist(zqvorexPlugin_Context_undefined* context, const char* name,
-                                                   const char* scanList, zqerr_Status* status) {
-  return made("createSwitchScanlist:" + slotHandleText(context) + ":" + name + ":" + scanList, status);
-}
-zqvorexPlugin_Task_undefined* createTaskForGrpcSession(zqvorexPlugin_Context_undefined* context, const char* name,
-                                                       const char* session, int32_t flags, zqerr_Status* status) {
-  return made("createTaskForGrpcSession:" + slotHandleText(context) + ":" + name + ":" + session + ":" +
-                  std::to_string(flags),
-              status);
-}
 zqvorexPlugin_Task_undefined* autoCreateTask(zqvorexPlugin_Context_undefined* context, const char* names, bool flag,
                                              zqerr_Status* again, zqerr_Status* status) {
-  return made("autoCreateTask:" + slotHandleText(context) + ":" + names + ":" + (flag ? "saved" : "channels") +
-                  (again == status ? "" : ":two statuses"),
-              status);
+  recordSlotCall("autoCreateTask:" + slotHandleText(context) + ":" + names + ":" + (flag ? "saved" : "channels") +
+                     (again == status ? "" : ":two statuses"),
+                 status);
+  return zqtest::slotTaskHandle();
 }
 
 std::shared_ptr<zqvorexRedir::Plugin> makePlugin() {
   std::shared_ptr<zqvorexRedir::Plugin> plugin = zqtest::makeSlotPlugin();
-  zqtest::bindSlot(*plugin, "loadTask", &loadTask);
-  zqtest::bindSlot(*plugin, "createTaskFromString", &createTaskFromString);
-  zqtest::bindSlot(*plugin, "createWatchdogTimerTask", &createWatchdogTimerTask);
-  zqtest::bindSlot(*plugin, "createSwitchScanlist", &createSwitchScanlist);
-  zqtest::bindSlot(*plugin, "createTaskForGrpcSession", &createTaskForGrpcSession);
+  BIND_RECORDED(*plugin, loadTask);
+  BIND_RECORDED(*plugin, createTaskFromString);
+  BIND_RECORDED(*plugin, createWatchdogTimerTask);
+  BIND_RECORDED(*plugin, createSwitchScanlist);
+  BIND_RECORDED(*plugin, createTaskForGrpcSession);
   zqtest::bindSlot(*plugin, "autoCreateTask", &autoCreateTask);
   return plugin;
 }
