@@ -3,6 +3,9 @@
 // selector, the library's test switches, and its log.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <atomic>
 #include <cstdint>
 #include <memory>
@@ -99,5 +102,21 @@ class DriveSwitches {
 const std::string& driveLog();
 void clearDriveLog();
 std::vector<std::string> driveLogLines();
+
+inline bool logHas(const std::string& line) {
+  const auto lines = driveLogLines();
+  return std::find(lines.begin(), lines.end(), line) != lines.end();
+}
+
+// The fixture of the tests over zqtestDrive: the store, an empty log, and a real plug-in
+// manager that counts what it is asked.
+class TaskDrive : public testing::Test {
+ protected:
+  void SetUp() override {
+    useDriveStore();
+    clearDriveLog();
+  }
+  std::shared_ptr<CountingManager> manager_ = std::make_shared<CountingManager>();
+};
 
 }  // namespace zqtest

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-#include "task_drive_fixture.h"
+#include "drive_support.h"
 
 namespace {
 

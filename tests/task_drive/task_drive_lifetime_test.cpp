@@ -8,7 +8,7 @@
 #include <future>
 #include <vector>
 
-#include "task_drive_fixture.h"
+#include "drive_support.h"
 
 namespace {
 

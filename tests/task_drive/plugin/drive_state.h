@@ -8,10 +8,15 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "drive_switches.h"
 #include "zqvorex_plugin.h"
+
+// Fail the build when an export's type differs from the plug-in table's or the switch's.
+#define ZQTEST_DRIVE_OPERATION(op) static_assert(std::is_same_v<decltype(&zqtestDrive_##op), zqvorexPlugin_##op##_fn>)
+#define ZQTEST_DRIVE_SWITCH(name) static_assert(std::is_same_v<decltype(&zqtestDrive_##name), zqtestDrive_##name##_fn>)
 
 namespace zqtestdrive {
 

@@ -1,6 +1,4 @@
 // The test-only exports of zqtestDrive; drive_switches.h tells what each does.
-#include <type_traits>
-
 #include "drive_state.h"
 #include "native_export.h"
 
@@ -20,7 +18,6 @@ ZQ_NATIVE_EXPORT int64_t zqtestDrive_testCounter(int32_t counter) { return count
 
 }  // extern "C"
 
-static_assert(std::is_same_v<decltype(&zqtestDrive_testSetBlockReads), zqtestDrive_testSetBlockReads_fn>);
-static_assert(
-    std::is_same_v<decltype(&zqtestDrive_testAwaitBlockedReads), zqtestDrive_testAwaitBlockedReads_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_testCounter), zqtestDrive_testCounter_fn>);
+ZQTEST_DRIVE_SWITCH(testSetBlockReads);
+ZQTEST_DRIVE_SWITCH(testAwaitBlockedReads);
+ZQTEST_DRIVE_SWITCH(testCounter);
