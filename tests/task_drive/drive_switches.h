@@ -72,6 +72,9 @@ typedef void (*zqtestDrive_testEndBlockedReads_fn)(const char* taskName);
  * each, done once with `code`. Returns once all fired: the number of events, -1 for no such
  * task. */
 typedef int32_t (*zqtestDrive_testFire_fn)(const char* taskName, int32_t eventId, uint32_t times, int32_t code);
+/* The first registered event `eventId` of the named task, with a reference for the caller, who
+ * may fire it as the plug-in would and must release it; null when there is none. */
+typedef void* (*zqtestDrive_testTakeEvent_fn)(const char* taskName, int32_t eventId);
 /* A thread of the plug-in fires every event of every live task over and over (on != 0), or
  * stops and is joined. */
 typedef void (*zqtestDrive_testFireStorm_fn)(int32_t on);

@@ -157,9 +157,18 @@ ZQ_NATIVE_EXPORT int32_t zqtestDrive_testFire(const char* taskName, int32_t even
 
 ZQ_NATIVE_EXPORT void zqtestDrive_testFireStorm(int32_t on) { storm.set(on != 0); }
 
+ZQ_NATIVE_EXPORT void* zqtestDrive_testTakeEvent(const char* taskName, int32_t eventId) {
+  std::vector<DriveEvent> events = takeEvents(taskName ? taskName : "", eventId);
+  for (size_t i = 1; i < events.size(); ++i) releaseEvent(events[i]);
+  if (events.empty()) return nullptr;
+  count(zqtestDrive_eventRefs, -1);  // the caller's reference now, not the plug-in's
+  return events.front().object;
+}
+
 }  // extern "C"
 
 ZQTEST_DRIVE_SWITCH(testFireStorm);
+ZQTEST_DRIVE_SWITCH(testTakeEvent);
 ZQTEST_DRIVE_OPERATION(registerDoneEvent);
 ZQTEST_DRIVE_OPERATION(registerEveryNSamplesEvent);
 ZQTEST_DRIVE_OPERATION(registerSignalEvent);
