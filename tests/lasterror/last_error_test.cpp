@@ -70,7 +70,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Sequence{"failure without task empties the name",
                              {{-200088, "A", nullptr}, {-200230, nullptr, nullptr}},
                              -200230,
-                             ""}),
+                             ""},
+                    // The caller's name text is in the system code page; run under page 1252.
+                    Sequence{"name text from the code page", {{-200089, nullptr, "M\xFC" "ller"}}, -200089,
+                             "M\xC3\xBC" "ller"}),
     [](const testing::TestParamInfo<Sequence>& info) {
       std::string name = info.param.what;
       for (char& c : name)
@@ -98,14 +101,6 @@ TEST(LastErrorThreads, EachThreadReadsItsOwnAndNoneIsMadeByReading) {
     EXPECT_EQ(tlsManager().getThreadRecord(), nullptr) << "successes and warnings make no record";
   });
   reader.join();
-}
-
-// The caller's name text is in the system code page; run under page 1252.
-TEST(CodePage, ANameTextIsConvertedFromTheSystemCodePage) {
-  std::thread([] {
-    end({-200089, nullptr, "M\xFC" "ller"});
-    EXPECT_EQ(tlsManager().getThreadRecord()->taskName, "M\xC3\xBC" "ller");
-  }).join();
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "status/status.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -19,6 +20,7 @@ struct Step {
   int32_t eventId;  // unused by remove
   zqvorexPlugin_EventToken token;
   int32_t code;
+  int32_t entry = 0;  // the status on entry
 };
 
 struct Expected {
@@ -35,6 +37,10 @@ struct CacheCase {
 };
 
 int boundaryObject;
+constexpr int32_t kFailed = -200088;
+constexpr int32_t kWarning = 200;
+constexpr int32_t kTwice = nZQMESL::kInternalErrorEventAlreadyRegisteredInTask;
+constexpr int32_t kMissing = zqapalerr_resourceNotFound;
 
 TEST(EventCache, KeepsTokensUnderTheirIdsInTokenOrder) {
   const CacheCase cases[] = {
@@ -49,20 +55,20 @@ TEST(EventCache, KeepsTokensUnderTheirIdsInTokenOrder) {
        false,
        3},
       {"a token already there is refused under any id and changes nothing",
-       {{Op::add, 12576, 7, 0}, {Op::add, 12575, 7, -229672}, {Op::add, 12576, 7, -229672}},
+       {{Op::add, 12576, 7, 0}, {Op::add, 12575, 7, kTwice}, {Op::add, 12576, 7, kTwice}},
        {{12576, {7}}, {12575, {}}},
        false,
        1},
       {"the refused token can still be removed once",
        {{Op::add, 12580, 7, 0},
-        {Op::add, 12581, 7, -229672},
+        {Op::add, 12581, 7, kTwice},
         {Op::remove, 0, 7, 0},
-        {Op::remove, 0, 7, -52006}},
+        {Op::remove, 0, 7, kMissing}},
        {{12580, {}}, {12581, {}}},
        true,
        0},
       {"removing a token that is not there",
-       {{Op::add, 12576, 1, 0}, {Op::remove, 0, 2, -52006}},
+       {{Op::add, 12576, 1, 0}, {Op::remove, 0, 2, kMissing}},
        {{12576, {1}}},
        false,
        1},
@@ -81,12 +87,27 @@ TEST(EventCache, KeepsTokensUnderTheirIdsInTokenOrder) {
        false,
        1},
       {"nothing registered", {}, {{12576, {}}}, true, 0},
+      {"a failed status changes nothing, not even to refuse a duplicate or a missing token",
+       {{Op::add, 12576, 5, 0},
+        {Op::add, 12576, 6, kFailed, kFailed},
+        {Op::add, 12576, 5, kFailed, kFailed},
+        {Op::remove, 0, 5, kFailed, kFailed},
+        {Op::remove, 0, 99, kFailed, kFailed}},
+       {{12576, {5}}},
+       false,
+       1},
+      {"a warning does not stop it",
+       {{Op::add, 12576, 5, kWarning, kWarning}, {Op::remove, 0, 5, kWarning, kWarning}},
+       {{12576, {}}},
+       true,
+       0},
   };
   for (const CacheCase& c : cases) {
     EventCache cache;
     for (size_t i = 0; i < c.steps.size(); ++i) {
       const Step& step = c.steps[i];
       zqerr::Status status;
+      status.code = step.entry;
       if (step.op == Op::add)
         cache.add(step.eventId, step.token, &boundaryObject, &status);
       else
@@ -103,34 +124,14 @@ TEST(EventCache, KeepsTokensUnderTheirIdsInTokenOrder) {
   }
 }
 
-TEST(EventCache, AFailedStatusLeavesTheCacheAlone) {
+TEST(EventCache, AFailedStatusReadsNothing) {
   EventCache cache;
   zqerr::Status good;
   cache.add(12576, 5, &boundaryObject, &good);
-
   zqerr::Status failed;
-  failed.code = -200088;
-  cache.add(12576, 6, &boundaryObject, &failed);
-  cache.add(12576, 5, &boundaryObject, &failed);  // would be a duplicate
-  cache.remove(5, &failed);
-  cache.remove(99, &failed);  // would be missing
+  failed.code = kFailed;
   EXPECT_TRUE(cache.getEvents(12576, &failed).empty());
-  EXPECT_EQ(failed.code, -200088);
-
-  EXPECT_EQ(cache.getEvents(12576, &good), (EventTokens{5}));
-  EXPECT_FALSE(cache.isEmpty(&good));
-  EXPECT_EQ(good.code, 0);
-}
-
-TEST(EventCache, AWarningDoesNotStopIt) {
-  EventCache cache;
-  zqerr::Status status;
-  status.code = 200;
-  cache.add(12576, 5, &boundaryObject, &status);
-  EXPECT_EQ(cache.getEvents(12576, &status), (EventTokens{5}));
-  cache.remove(5, &status);
-  EXPECT_TRUE(cache.isEmpty(&status));
-  EXPECT_EQ(status.code, 200);
+  EXPECT_EQ(failed.code, kFailed);
 }
 
 }  // namespace

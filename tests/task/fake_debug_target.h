@@ -108,4 +108,31 @@ class FakeDebugTarget final : public zqvorexRedir::IDebugTarget {
   std::function<void()> onDestroy_;
 };
 
+// A debug server, and the factory that hands out that one server, whose targets record.
+class FakeDebugServer final : public zqvorexRedir::IDebugServer, public zqvorexRedir::IDebugServerFactory {
+ public:
+  explicit FakeDebugServer(std::function<void()> onDestroy = {}) : onDestroy_(std::move(onDestroy)) {}
+  ~FakeDebugServer() override {
+    if (onDestroy_) onDestroy_();
+  }
+  uint32_t getMaxPrivilegeLevel(zqerr_Status*) override { return 0; }
+  void getPipeName(std::string&, zqerr_Status*) override {}
+  std::shared_ptr<zqvorexRedir::IDebugTarget> createDebugTarget(const std::string& taskName,
+                                                                const zqvorexDebugServer_Callbacks*,
+                                                                zqerr_Status*) override {
+    targetTaskName = taskName;
+    target = std::make_shared<FakeDebugTarget>();
+    return target;
+  }
+  std::shared_ptr<zqvorexRedir::IDebugServer> createDebugServer(uint32_t, const std::string&,
+                                                                zqerr_Status*) override {
+    return std::shared_ptr<zqvorexRedir::IDebugServer>(this, [](zqvorexRedir::IDebugServer*) {});
+  }
+  std::string targetTaskName;
+  std::shared_ptr<FakeDebugTarget> target;
+
+ private:
+  std::function<void()> onDestroy_;
+};
+
 }  // namespace zqtest

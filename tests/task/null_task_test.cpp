@@ -11,46 +11,37 @@
 #include "report_query.h"
 #include "zqvorex_status_codes.h"
 #include "task/null_task.h"
+#include "task_fixture.h"
 
 namespace {
 
 using zqvorexRedir::NullTask;
 
-struct Call {
-  const char* name;
-  // Runs one operation; gives its result as a number (0 for operations without one).
-  std::function<double(NullTask&, zqerr_Status*)> run;
-};
+using Op = zqtest::TaskOp<NullTask>;
 
-const std::vector<Call>& calls() {
-  static const std::vector<Call> kCalls = {
+const std::vector<std::pair<const char*, Op>>& calls() {
+  static const std::vector<std::pair<const char*, Op>> kCalls = {
       {"readScaledVectorF64",
-       [](NullTask& t, zqerr_Status* s) { return double(t.readScaledVectorF64(1, nullptr, nullptr, 10, 1.0, nullptr, s)); }},
+       [](NullTask& t, zqerr_Status* s) { return t.readScaledVectorF64(1, nullptr, nullptr, 10, 1.0, nullptr, s); }},
       {"getChannelAttributeF64",
        [](NullTask& t, zqerr_Status* s) {
          std::vector<std::string> names{"a"};
          return t.getChannelAttributeF64(zqgopher::StringArrayView(names), 6, s);
        }},
-      {"getTaskAttributeI32", [](NullTask& t, zqerr_Status* s) { return double(t.getTaskAttributeI32(12697, s)); }},
-      {"isTaskDone", [](NullTask& t, zqerr_Status* s) { return double(t.isTaskDone(s)); }},
-      {"createTimingSource",
-       [](NullTask& t, zqerr_Status* s) { return t.createTimingSource(nullptr, s) ? 1.0 : 0.0; }},
-      {"controlTask",
-       [](NullTask& t, zqerr_Status* s) {
-         t.controlTask(0, false, s);
-         return 0.0;
-       }},
+      {"getTaskAttributeI32", [](NullTask& t, zqerr_Status* s) { return t.getTaskAttributeI32(12697, s); }},
+      {"isTaskDone", [](NullTask& t, zqerr_Status* s) { return t.isTaskDone(s); }},
+      {"createTimingSource", [](NullTask& t, zqerr_Status* s) { return t.createTimingSource(nullptr, s) ? 1 : 0; }},
+      {"controlTask", [](NullTask& t, zqerr_Status* s) { t.controlTask(0, false, s); }},
       {"getTaskAttributeString",
        [](NullTask& t, zqerr_Status* s) {
          std::string text = "untouched";
          zqgopher::StringAdapter out(text);
          t.getTaskAttributeString(4726, out.boundary(), s);
-         return text == "untouched" ? 0.0 : 1.0;
+         return text == "untouched" ? 0 : 1;
        }},
       {"exportSignal",
        [](NullTask& t, zqerr_Status* s) {
          t.exportSignal(12484, zqgopher::StringArrayView(), zqgopher::StringArrayView(), s);
-         return 0.0;
        }},
   };
   return kCalls;
@@ -67,25 +58,17 @@ class Answer {
   zqerr::Status status_;
 };
 
-TEST(NullTask, InGoodStatusEveryOperationSucceedsWithZero) {
-  Answer answer(0);
-  NullTask task(nullptr, "N", answer.get());
-  for (const Call& call : calls()) {
-    zqerr::Status status;
-    EXPECT_EQ(call.run(task, &status), 0.0) << call.name;
-    EXPECT_EQ(status.code, 0) << call.name;
-  }
-}
-
-TEST(NullTask, InErrorEveryOperationAnswersTheStoredErrorAndReport) {
-  Answer answer(-200088);
-  NullTask task(nullptr, "N", answer.get());
-  for (const Call& call : calls()) {
-    zqerr::Status status;
-    EXPECT_EQ(call.run(task, &status), 0.0) << call.name;
-    EXPECT_EQ(status.code, -200088) << call.name;
-    EXPECT_EQ(zqtest::reportAt(status.report, {"file"}), "stored") << call.name;
-    EXPECT_EQ(zqtest::reportAt(status.report, {"line"}), "12") << call.name;
+TEST(NullTask, EveryOperationAnswersZeroWithTheStoredStatusAndReport) {
+  for (int32_t stored : {0, nZQMSTS::kErrorInvalidTask}) {
+    Answer answer(stored);
+    NullTask task(nullptr, "N", answer.get());
+    for (const auto& [name, run] : calls()) {
+      zqerr::Status status;
+      EXPECT_EQ(run(task, &status), 0.0) << name;
+      EXPECT_EQ(status.code, stored) << name;
+      EXPECT_EQ(zqtest::reportAt(status.report, {"file"}), stored ? "stored" : zqtest::kAbsent) << name;
+      EXPECT_EQ(zqtest::reportAt(status.report, {"line"}), stored ? "12" : zqtest::kAbsent) << name;
+    }
   }
 }
 

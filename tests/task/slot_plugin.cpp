@@ -37,114 +37,20 @@ std::string namesOf(const zqgopher_ArrayView* view) {
   return text;
 }
 
-void destroyTask(zqvorexPlugin_Task_undefined* task, zqerr_Status* status) {
-  record("destroyTask:" + handleText(task), status);
-}
-void destroyContext(zqvorexPlugin_Context_undefined* context, zqerr_Status* status) {
-  record("destroyContext:" + handleText(context), status);
-}
-void destroyDebugSession(zqvorexPlugin_Task_undefined* session, zqerr_Status* status) {
-  record("destroyDebugSession:" + handleText(session), status);
-}
-zqvorexPlugin_Task_undefined* createDebugSession(const char* name, zqerr_Status* status) {
-  record(std::string("createDebugSession:") + name, status);
-  return reinterpret_cast<zqvorexPlugin_Task_undefined*>(&taskObject);
-}
-void commitDebugSession(zqvorexPlugin_Task_undefined* session, zqerr_Status* status) {
-  record("commitDebugSession:" + handleText(session), status);
-}
-double getChannelAttributeF64(zqvorexPlugin_Task_undefined* task, const zqgopher_ArrayView* channels,
-                              int32_t id, zqerr_Status* status) {
-  record("getChannelAttributeF64:" + handleText(task) + ":" + namesOf(channels) + ":" + std::to_string(id), status);
-  return 2.5;
-}
-void setChannelAttributeF64(zqvorexPlugin_Task_undefined* task, const zqgopher_ArrayView* channels, int32_t id,
-                            double value, zqerr_Status* status) {
-  record("setChannelAttributeF64:" + handleText(task) + ":" + namesOf(channels) + ":" + std::to_string(id) + ":" +
-             std::to_string(value),
-         status);
-}
-uint32_t isTaskDone(zqvorexPlugin_Task_undefined* task, zqerr_Status* status) {
-  record("isTaskDone:" + handleText(task), status);
-  return 0;
-}
-void abortTask(zqvorexPlugin_Task_undefined* task, zqerr_Status* status) {
-  record("abortTask:" + handleText(task), status);
-}
-void saveTask(zqvorexPlugin_Task_undefined* task, const char* name, const char* author, bool option0, bool option1,
-              bool option2, bool option3, zqerr_Status* status) {
-  std::string options = std::to_string(option0) + std::to_string(option1) + std::to_string(option2) +
-                        std::to_string(option3);
-  record("saveTask:" + handleText(task) + ":" + name + ":" + author + ":" + options, status);
-}
-int32_t getTaskAttributeI32(zqvorexPlugin_Task_undefined* task, int32_t id, zqerr_Status* status) {
-  record("getTaskAttributeI32:" + handleText(task) + ":" + std::to_string(id), status);
-  return 77;
-}
 void getTaskAttributeString(zqvorexPlugin_Task_undefined* task, int32_t id, zqgopher_IString* value,
                             zqerr_Status* status) {
   record("getTaskAttributeString:" + handleText(task) + ":" + std::to_string(id), status);
   if (value) value->table->assign(value, "from plug-in", 12, status);
 }
-void setTaskAttributeBool(zqvorexPlugin_Task_undefined* task, int32_t id, uint32_t value, zqerr_Status* status) {
-  record("setTaskAttributeBool:" + handleText(task) + ":" + std::to_string(id) + ":" + std::to_string(value), status);
-}
-void setTaskAttributeI32(zqvorexPlugin_Task_undefined* task, int32_t id, int32_t value, zqerr_Status* status) {
-  record("setTaskAttributeI32:" + handleText(task) + ":" + std::to_string(id) + ":" + std::to_string(value), status);
-}
-void setTaskAttributeString(zqvorexPlugin_Task_undefined* task, int32_t id, const char* value,
-                            zqerr_Status* status) {
-  record("setTaskAttributeString:" + handleText(task) + ":" + std::to_string(id) + ":" + value, status);
-}
-void setTaskAttributeStringVtr(zqvorexPlugin_Task_undefined* task, int32_t id, const zqgopher_ArrayView* value,
-                               zqerr_Status* status) {
-  record("setTaskAttributeStringVtr:" + handleText(task) + ":" + std::to_string(id) + ":" + namesOf(value), status);
-}
 
-void setReadAttributeI32(zqvorexPlugin_Task_undefined* task, const zqgopher_ArrayView* channels, int32_t id,
-                         int32_t value, zqerr_Status* status) {
-  record("setReadAttributeI32:" + handleText(task) + ":" + namesOf(channels) + ":" + std::to_string(id) + ":" +
-             std::to_string(value),
-         status);
-}
-void resetReadAttributeI32(zqvorexPlugin_Task_undefined* task, const zqgopher_ArrayView* channels, int32_t id,
-                           zqerr_Status* status) {
-  record("resetReadAttributeI32:" + handleText(task) + ":" + namesOf(channels) + ":" + std::to_string(id), status);
-}
-void configureLogging(zqvorexPlugin_Task_undefined* task, const char* path, int32_t mode, const char* group,
-                      int32_t operation, zqerr_Status* status) {
-  record("configureLogging:" + handleText(task) + ":" + path + ":" + std::to_string(mode) + ":" + group + ":" +
-             std::to_string(operation),
-         status);
-}
-
-zqvorexPlugin_Context_undefined* createContext(const char* name, zqerr_Status* status) {
-  record(std::string("createContext:") + name, status);
-  return reinterpret_cast<zqvorexPlugin_Context_undefined*>(&contextObject);
-}
-zqvorexPlugin_Task_undefined* createTask(zqvorexPlugin_Context_undefined* context, const char* name,
-                                         const char* saved, const char* channels, uint32_t kind,
-                                         zqerr_Status* status) {
-  record("createTask:" + handleText(context) + ":" + name + ":" + saved + ":" + channels + ":" + std::to_string(kind),
-         status);
-  return reinterpret_cast<zqvorexPlugin_Task_undefined*>(&taskObject);
-}
 void createAIVoltageChannel(zqvorexPlugin_Task_undefined* task, const char* physicalChannel, const char*, int32_t,
                             double, double, int32_t, const char*, zqgopher_IItemAdder*, zqerr_Status* status) {
   record("createAIVoltageChannel:" + handleText(task) + ":" + physicalChannel, status);
 }
 
-void addChannelsToTask(zqvorexPlugin_Task_undefined* task, const char* channelNames, zqerr_Status* status) {
-  record("addChannelsToTask:" + handleText(task) + ":" + channelNames, status);
-}
-
 SlotTaskContents& contents() {
   static SlotTaskContents stored;
   return stored;
-}
-void rollbackFailedChannelCreations(zqvorexPlugin_Task_undefined* task, const char* channelNames,
-                                    zqerr_Status* status) {
-  record("rollbackFailedChannelCreations:" + handleText(task) + ":" + channelNames, status);
 }
 void getTaskAttributeStringVtr(zqvorexPlugin_Task_undefined* task, int32_t id, zqgopher_IItemAdder* value,
                                zqerr_Status* status) {
@@ -163,19 +69,6 @@ void getChannelAttributeString(zqvorexPlugin_Task_undefined* task, const zqgophe
   value->table->assign(value, text.data(), text.size(), status);
 }
 
-void setTimingAttributeStringVtr(zqvorexPlugin_Task_undefined* task, const zqgopher_ArrayView* channels, int32_t id,
-                                 const zqgopher_ArrayView* value, zqerr_Status* status) {
-  record("setTimingAttributeStringVtr:" + handleText(task) + ":" + namesOf(channels) + ":" + std::to_string(id) + ":" +
-             namesOf(value),
-         status);
-}
-void setDeviceAttributeI32(zqvorexPlugin_Task_undefined* task, const zqgopher_ArrayView* channels, int32_t id,
-                           int32_t value, zqerr_Status* status) {
-  record("setDeviceAttributeI32:" + handleText(task) + ":" + namesOf(channels) + ":" + std::to_string(id) + ":" +
-             std::to_string(value),
-         status);
-}
-
 zqvorexPlugin_EventToken nextEventToken = 1;
 zqvorexPlugin_EventToken takeEventToken(zqerr_Status* status) { return status->code < 0 ? 0 : nextEventToken++; }
 zqvorexPlugin_EventToken registerEveryNSamplesEvent(zqvorexPlugin_Task_undefined* task, int32_t id, uint32_t n, bool,
@@ -192,9 +85,6 @@ zqvorexPlugin_EventToken registerSignalEvent(zqvorexPlugin_Task_undefined* task,
                                              zqgopher_IEventSignal*, zqerr_Status* status) {
   record("registerSignalEvent:" + handleText(task) + ":" + std::to_string(signal), status);
   return takeEventToken(status);
-}
-void unregisterEvent(zqvorexPlugin_Task_undefined* task, zqvorexPlugin_EventToken token, zqerr_Status* status) {
-  record("unregisterEvent:" + handleText(task) + ":" + std::to_string(token), status);
 }
 
 template <class Fn>
@@ -216,6 +106,7 @@ zqvorexPlugin_Context_undefined* slotContextHandle() {
 
 void recordSlotCall(std::string entry, zqerr_Status* status) { record(std::move(entry), status); }
 std::string slotHandleText(const void* handle) { return handleText(handle); }
+std::string slotNamesText(const zqgopher_ArrayView* view) { return namesOf(view); }
 
 void failNextSlotCall(int32_t code) { nextFailure = code; }
 void setNextSlotEventToken(zqvorexPlugin_EventToken token) { nextEventToken = token; }
@@ -228,38 +119,38 @@ void clearSlotFailures() {
 
 std::shared_ptr<zqvorexRedir::Plugin> makeSlotPlugin() {
   auto plugin = std::make_shared<zqvorexRedir::Plugin>();
-  bind(*plugin, "destroyTask", &destroyTask);
-  bind(*plugin, "destroyContext", &destroyContext);
-  bind(*plugin, "destroyDebugSession", &destroyDebugSession);
-  bind(*plugin, "createDebugSession", &createDebugSession);
-  bind(*plugin, "commitDebugSession", &commitDebugSession);
-  bind(*plugin, "getChannelAttributeF64", &getChannelAttributeF64);
-  bind(*plugin, "setChannelAttributeF64", &setChannelAttributeF64);
-  bind(*plugin, "isTaskDone", &isTaskDone);
-  bind(*plugin, "abortTask", &abortTask);
-  bind(*plugin, "saveTask", &saveTask);
-  bind(*plugin, "getTaskAttributeI32", &getTaskAttributeI32);
+  BIND_RECORDED(*plugin, destroyTask);
+  BIND_RECORDED(*plugin, destroyContext);
+  BIND_RECORDED(*plugin, destroyDebugSession);
+  BIND_RECORDED(*plugin, createDebugSession);
+  BIND_RECORDED(*plugin, commitDebugSession);
+  BIND_RECORDED(*plugin, getChannelAttributeF64, 2.5);
+  BIND_RECORDED(*plugin, setChannelAttributeF64);
+  BIND_RECORDED(*plugin, isTaskDone);
+  BIND_RECORDED(*plugin, abortTask);
+  BIND_RECORDED(*plugin, saveTask);
+  BIND_RECORDED(*plugin, getTaskAttributeI32, 77);
   bind(*plugin, "getTaskAttributeString", &getTaskAttributeString);
-  bind(*plugin, "setTaskAttributeBool", &setTaskAttributeBool);
-  bind(*plugin, "setTaskAttributeI32", &setTaskAttributeI32);
-  bind(*plugin, "setTaskAttributeString", &setTaskAttributeString);
-  bind(*plugin, "setTaskAttributeStringVtr", &setTaskAttributeStringVtr);
-  bind(*plugin, "createContext", &createContext);
-  bind(*plugin, "createTask", &createTask);
+  BIND_RECORDED(*plugin, setTaskAttributeBool);
+  BIND_RECORDED(*plugin, setTaskAttributeI32);
+  BIND_RECORDED(*plugin, setTaskAttributeString);
+  BIND_RECORDED(*plugin, setTaskAttributeStringVtr);
+  BIND_RECORDED(*plugin, createContext);
+  BIND_RECORDED(*plugin, createTask);
   bind(*plugin, "createAIVoltageChannel", &createAIVoltageChannel);
-  bind(*plugin, "addChannelsToTask", &addChannelsToTask);
-  bind(*plugin, "setTimingAttributeStringVtr", &setTimingAttributeStringVtr);
-  bind(*plugin, "setDeviceAttributeI32", &setDeviceAttributeI32);
-  bind(*plugin, "rollbackFailedChannelCreations", &rollbackFailedChannelCreations);
+  BIND_RECORDED(*plugin, addChannelsToTask);
+  BIND_RECORDED(*plugin, setTimingAttributeStringVtr);
+  BIND_RECORDED(*plugin, setDeviceAttributeI32);
+  BIND_RECORDED(*plugin, rollbackFailedChannelCreations);
   bind(*plugin, "getTaskAttributeStringVtr", &getTaskAttributeStringVtr);
   bind(*plugin, "getChannelAttributeString", &getChannelAttributeString);
-  bind(*plugin, "setReadAttributeI32", &setReadAttributeI32);
-  bind(*plugin, "resetReadAttributeI32", &resetReadAttributeI32);
-  bind(*plugin, "configureLogging", &configureLogging);
+  BIND_RECORDED(*plugin, setReadAttributeI32);
+  BIND_RECORDED(*plugin, resetReadAttributeI32);
+  BIND_RECORDED(*plugin, configureLogging);
   bind(*plugin, "registerEveryNSamplesEvent", &registerEveryNSamplesEvent);
   bind(*plugin, "registerDoneEvent", &registerDoneEvent);
   bind(*plugin, "registerSignalEvent", &registerSignalEvent);
-  bind(*plugin, "unregisterEvent", &unregisterEvent);
+  BIND_RECORDED(*plugin, unregisterEvent);
   return plugin;
 }
 

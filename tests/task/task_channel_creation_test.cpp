@@ -6,6 +6,7 @@
 #include "report_query.h"
 #include "slot_plugin.h"
 #include "task_fixture.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -13,74 +14,26 @@ using zqtest::callLog;
 using zqvorexRedir::NameSet;
 using zqvorexRedir::Task;
 
-class FakeSelector final : public zqvorexRedir::IPluginSelector {
- public:
-  void selectForDevices(const NameSet& devices, const std::string& contextName, std::string* pluginName,
-                        bool* debuggable, zqerr_Status* status) override {
-    asked.push_back(devices);
-    askedContext = contextName;
-    if (error != 0) {
-      status->code = error;
-      return;
-    }
-    *pluginName = answer;
-    *debuggable = false;
-  }
-  bool selectForNames(const std::string&, const std::string&, std::string*, bool*, NameSet*, NameSet*,
-                      zqerr_Status*) override {
-    return false;
-  }
-  void selectForTask(const std::string& saved, const std::string& names, const std::string&, std::string* pluginName,
-                     bool* debuggable, NameSet* devices, NameSet* channels, zqerr_Status* status) override {
-    askedForTask.push_back(saved + "|" + names);
-    if (error != 0) {
-      status->code = error;
-      return;
-    }
-    *pluginName = names.empty() ? std::string() : answer;
-    *debuggable = false;
-    devices->insert(globalDevices.begin(), globalDevices.end());
-    channels->insert(globalChannels.begin(), globalChannels.end());
-  }
-  void selectForConfigString(uint32_t, const std::string&, std::string*, bool*, NameSet*, NameSet*,
-                             zqerr_Status*) override {}
-
-  std::string answer = "slots";
-  int32_t error = 0;
-  std::vector<NameSet> asked;
-  std::vector<std::string> askedForTask;
-  NameSet globalDevices;
-  NameSet globalChannels;
-  std::string askedContext;
-};
-
 class ChannelCreation : public ::testing::Test {
  protected:
   void SetUp() override {
     callLog().clear();
     zqtest::clearSlotFailures();
     manager = std::make_shared<zqtest::CountingPluginManager>(zqtest::makeSlotPlugin());
-    selector = std::make_shared<FakeSelector>();
+    selector = std::make_shared<zqtest::AnsweringSelector>();
     task = make(zqvorexRedir::kTaskKindCreated);
   }
   void TearDown() override { zqtest::clearSlotFailures(); }
 
   std::shared_ptr<Task> make(uint32_t kind, bool deviceTask = false) {
-    zqvorexRedir::TaskParts parts;
-    parts.context = std::make_shared<zqvorexRedir::Context>("ctx");
-    parts.taskKind = kind;
-    parts.pluginManager = manager;
-    parts.pluginSelector = selector;
-    parts.name = "T";
-    parts.isDeviceTask = deviceTask;
-    return std::make_shared<Task>(std::move(parts));
+    return zqtest::makeTask(manager, "T", {.taskKind = kind, .pluginSelector = selector, .isDeviceTask = deviceTask});
   }
   void create(const std::string& channels, zqerr_Status* status) {
     task->createAIVoltageChannel(channels, "", -1, -10, 10, 10348, "", nullptr, status);
   }
 
   std::shared_ptr<zqtest::CountingPluginManager> manager;
-  std::shared_ptr<FakeSelector> selector;
+  std::shared_ptr<zqtest::AnsweringSelector> selector;
   std::shared_ptr<Task> task;
 };
 
@@ -88,8 +41,7 @@ TEST_F(ChannelCreation, TheFirstChannelBindsThePluginAndASecondOnTheSameDeviceDo
   zqerr::Status status;
   create("Dev1/ai0", &status);
   ASSERT_EQ(status.code, 0);
-  EXPECT_EQ(selector->asked, (std::vector<NameSet>{{"Dev1"}}));
-  EXPECT_EQ(selector->askedContext, "ctx");
+  EXPECT_EQ(selector->asked, std::vector<std::string>{"devices:Dev1;ctx"});
   EXPECT_EQ(manager->lastName, "slots");
   EXPECT_EQ(task->pluginName(), "slots");
   EXPECT_EQ(callLog(), (std::vector<std::string>{"createContext:ctx", "createTask:context:T:::4",
@@ -106,16 +58,16 @@ TEST_F(ChannelCreation, ANewDeviceGoesThroughTheSelectorWithAllDevices) {
   create("Dev1/ai0", &status);
   create("/Dev2/ai0", &status);
   EXPECT_EQ(status.code, 0);
-  EXPECT_EQ(selector->asked, (std::vector<NameSet>{{"Dev1"}, {"Dev1", "Dev2"}}));
+  EXPECT_EQ(selector->asked, (std::vector<std::string>{"devices:Dev1;ctx", "devices:Dev1;Dev2;ctx"}));
   EXPECT_EQ(task->deviceNames(), (NameSet{"Dev1", "Dev2"}));
   EXPECT_EQ(task->physicalChannels(), (NameSet{"Dev1/ai0", "Dev2/ai0"}));
 }
 
 TEST_F(ChannelCreation, AFailedFirstChannelLeavesNoPluginNoDeviceAndSelectsAgainNextTime) {
-  zqtest::failSlotCalls("createAIVoltageChannel", -200077);
+  zqtest::failSlotCalls("createAIVoltageChannel", nZQMSTS::kErrorInvalidParameterValue);
   zqerr::Status status;
   create("Dev1/ai0", &status);
-  EXPECT_EQ(status.code, -200077);
+  EXPECT_EQ(status.code, nZQMSTS::kErrorInvalidParameterValue);
   EXPECT_EQ(task->pluginName(), "");
   EXPECT_TRUE(task->deviceNames().empty());
   EXPECT_FALSE(task->hasPluginTask());
@@ -130,10 +82,10 @@ TEST_F(ChannelCreation, AFailedFirstChannelLeavesNoPluginNoDeviceAndSelectsAgain
 }
 
 TEST_F(ChannelCreation, ASelectorErrorLeavesTheTaskUnbound) {
-  selector->error = -200220;
+  selector->error = nZQMSTS::kErrorInvalidDeviceID;
   zqerr::Status status;
   create("Dev1/ai0", &status);
-  EXPECT_EQ(status.code, -200220);
+  EXPECT_EQ(status.code, nZQMSTS::kErrorInvalidDeviceID);
   EXPECT_TRUE(task->deviceNames().empty());
   EXPECT_EQ(manager->requests, 0);
   EXPECT_TRUE(callLog().empty());
@@ -147,11 +99,11 @@ struct BadListCase {
 
 TEST_F(ChannelCreation, BadPhysicalChannelsStopBeforeAnySelection) {
   const BadListCase cases[] = {
-      {"", -200099, "nZQMSTS::kErrorPhysicalChannelNotSpecified"},
-      {"Dev1", -201237, "(-201237)"},
-      {"Dev1/", -201237, "(-201237)"},
-      {"/ai0", -201237, "(-201237)"},
-      {"Dev1/ai0, Dev1", -201237, "(-201237)"},
+      {"", nZQMSTS::kErrorPhysicalChannelNotSpecified, "nZQMSTS::kErrorPhysicalChannelNotSpecified"},
+      {"Dev1", nZQMSTS::kErrorChannelDeviceNotFound, "(-201237)"},
+      {"Dev1/", nZQMSTS::kErrorChannelDeviceNotFound, "(-201237)"},
+      {"/ai0", nZQMSTS::kErrorChannelDeviceNotFound, "(-201237)"},
+      {"Dev1/ai0, Dev1", nZQMSTS::kErrorChannelDeviceNotFound, "(-201237)"},
   };
   for (const BadListCase& c : cases) {
     task = make(zqvorexRedir::kTaskKindCreated);
@@ -169,7 +121,7 @@ TEST_F(ChannelCreation, APlatformTaskSelectsNothing) {
   task = make(zqvorexRedir::kTaskKindPlatform);
   zqerr::Status status;
   create("Dev1/ai0", &status);
-  EXPECT_EQ(status.code, -200477);
+  EXPECT_EQ(status.code, nZQMSTS::kErrorCanNotPerformOpWhenNoDevInTask);
   EXPECT_TRUE(selector->asked.empty());
 }
 
@@ -177,7 +129,7 @@ TEST_F(ChannelCreation, AnOpenDebugSessionSkipsSelectionAndRefuses) {
   zqerr::Status status;
   task->setTaskAttributeBool(12705, 1, &status);
   create("Dev1/ai0", &status);
-  EXPECT_EQ(status.code, -223804);
+  EXPECT_EQ(status.code, nZQMESL::kInternalErrorDebugConfigurationNotCommitted);
   EXPECT_TRUE(selector->asked.empty());
 }
 
@@ -191,10 +143,12 @@ struct GlobalCase {
 TEST_F(ChannelCreation, GlobalChannelsWithoutAPluginAnswerByTheKindOfTask) {
   const GlobalCase cases[] = {
       {"nothing to add", false, "", 0},
-      {"device task", true, "", -200092},
-      {"names but no plug-in", false, "Global0", -50150},
+      {"device task", true, "", nZQMSTS::kErrorFunctionNotSupportedForDeviceTasks},
+      {"names but no plug-in", false, "Global0", zqpalerr_softwareFault},
   };
-  selector->answer = "";
+  selector->pluginName = "";
+  selector->answerDevices.clear();
+  selector->answerChannels.clear();
   for (const GlobalCase& c : cases) {
     task = make(zqvorexRedir::kTaskKindCreated, c.deviceTask);
     zqerr::Status status;
@@ -205,17 +159,17 @@ TEST_F(ChannelCreation, GlobalChannelsWithoutAPluginAnswerByTheKindOfTask) {
 }
 
 TEST_F(ChannelCreation, GlobalChannelsBindTheTaskWithTheDevicesTheSelectorFound) {
-  selector->globalDevices = {"Dev3"};
-  selector->globalChannels = {"Dev3/ai0"};
+  selector->answerDevices = {"Dev3"};
+  selector->answerChannels = {"Dev3/ai0"};
   zqerr::Status status;
   task->addChannelsToTask("Global0", &status);
   ASSERT_EQ(status.code, 0);
-  EXPECT_EQ(selector->askedForTask, (std::vector<std::string>{"|Global0"}));
+  EXPECT_EQ(selector->asked, std::vector<std::string>{"task:|Global0:ctx"});
   EXPECT_EQ(task->deviceNames(), (NameSet{"Dev3"}));
   EXPECT_EQ(callLog(), (std::vector<std::string>{"createContext:ctx", "createTask:context:T:::4",
                                                  "addChannelsToTask:task:Global0"}));
   // A failure afterwards takes the devices of that attempt back, and only those.
-  selector->globalDevices = {"Dev4"};
+  selector->answerDevices = {"Dev4"};
   zqtest::failSlotCalls("addChannelsToTask", -200489);
   zqerr::Status failed;
   task->addChannelsToTask("Global1", &failed);

@@ -18,86 +18,50 @@ using zqtest::callLog;
 using zqvorexRedir::Task;
 
 const std::vector<std::string> kTwoChannels{"Dev1/ai0", "Dev1/ai1"};
-const std::vector<std::string> kNoChannels{};
+const std::vector<std::string> kNone{};
+
+using zqtest::TaskOp;
+constexpr int32_t kNoChannels = nZQMSTS::kErrorCanNotPerformOpWhenNoChansInTask;
+constexpr int32_t kNoDevice = nZQMSTS::kErrorCanNotPerformOpWhenNoDevInTask;
 
 struct UnboundCase {
   const char* name;
-  std::function<double(Task&, zqerr_Status*)> run;
+  TaskOp<Task> run;
   int32_t code;
   double result;
 };
 
 const std::vector<UnboundCase>& unboundCases() {
   static const std::vector<UnboundCase> kCases = {
-      {"read", [](Task& t, zqerr_Status* s) { return double(t.readScaledVectorF64(1, nullptr, nullptr, 10, 1, nullptr, s)); },
-       -200478, 0},
-      {"raw write", [](Task& t, zqerr_Status* s) { return double(t.writeRawU8(1, nullptr, false, 1.0, nullptr, s)); }, -200478, 0},
-      {"controlTask",
-       [](Task& t, zqerr_Status* s) {
-         t.controlTask(0, false, s);
-         return 0.0;
-       },
-       -200478, 0},
+      {"read", [](Task& t, zqerr_Status* s) { return t.readScaledVectorF64(1, nullptr, nullptr, 10, 1, nullptr, s); },
+       kNoChannels, 0},
+      {"raw write", [](Task& t, zqerr_Status* s) { return t.writeRawU8(1, nullptr, false, 1.0, nullptr, s); },
+       kNoChannels, 0},
+      {"controlTask", [](Task& t, zqerr_Status* s) { t.controlTask(0, false, s); }, kNoChannels, 0},
       {"channel get",
-       [](Task& t, zqerr_Status* s) { return t.getChannelAttributeF64(StringArrayView(kTwoChannels), 6, s); }, -200478,
-       0},
+       [](Task& t, zqerr_Status* s) { return t.getChannelAttributeF64(StringArrayView(kTwoChannels), 6, s); },
+       kNoChannels, 0},
       {"desired channel get",
-       [](Task& t, zqerr_Status* s) { return double(t.getDesiredChannelAttributeI32(StringArrayView(kNoChannels), 6, s)); },
-       -200478, 0},
+       [](Task& t, zqerr_Status* s) { return t.getDesiredChannelAttributeI32(StringArrayView(kNone), 6, s); },
+       kNoChannels, 0},
       {"calibration",
-       [](Task& t, zqerr_Status* s) {
-         t.performBridgeOffsetNullingCalibration(StringArrayView(kNoChannels), false, s);
-         return 0.0;
-       },
-       -200478, 0},
-      {"timing",
-       [](Task& t, zqerr_Status* s) {
-         t.configureSampleClockTiming("", 1000, 10280, 10123, 100, s);
-         return 0.0;
-       },
-       -200477, 0},
-      {"device get",
-       [](Task& t, zqerr_Status* s) { return double(t.getDeviceAttributeI32(StringArrayView(kNoChannels), 6, s)); },
-       -200477, 0},
-      {"scaled write",
-       [](Task& t, zqerr_Status* s) { return double(t.writeScaledScalarF64(1, true, 1.0, 2.0, nullptr, s)); }, -200477, 0},
-      {"saveTask",
-       [](Task& t, zqerr_Status* s) {
-         t.saveTask("a", "b", false, false, false, false, s);
-         return 0.0;
-       },
-       -200477, 0},
-      {"rollback",
-       [](Task& t, zqerr_Status* s) {
-         t.rollbackFailedChannelCreations("Dev1/ai0", s);
-         return 0.0;
-       },
-       -200477, 0},
-      {"isTaskDone", [](Task& t, zqerr_Status* s) { return double(t.isTaskDone(s)); }, 0, 1},
-      {"waitUntilTaskDone",
-       [](Task& t, zqerr_Status* s) {
-         t.waitUntilTaskDone(10.0, s);
-         return 0.0;
-       },
-       0, 0},
-      {"abortTask",
-       [](Task& t, zqerr_Status* s) {
-         t.abortTask(s);
-         return 0.0;
-       },
-       0, 0},
+       [](Task& t, zqerr_Status* s) { t.performBridgeOffsetNullingCalibration(StringArrayView(kNone), false, s); },
+       kNoChannels, 0},
+      {"timing", [](Task& t, zqerr_Status* s) { t.configureSampleClockTiming("", 1000, 10280, 10123, 100, s); },
+       kNoDevice, 0},
+      {"device get", [](Task& t, zqerr_Status* s) { return t.getDeviceAttributeI32(StringArrayView(kNone), 6, s); },
+       kNoDevice, 0},
+      {"scaled write", [](Task& t, zqerr_Status* s) { return t.writeScaledScalarF64(1, true, 1.0, 2.0, nullptr, s); },
+       kNoDevice, 0},
+      {"saveTask", [](Task& t, zqerr_Status* s) { t.saveTask("a", "b", false, false, false, false, s); }, kNoDevice, 0},
+      {"rollback", [](Task& t, zqerr_Status* s) { t.rollbackFailedChannelCreations("Dev1/ai0", s); }, kNoDevice, 0},
+      {"isTaskDone", [](Task& t, zqerr_Status* s) { return t.isTaskDone(s); }, 0, 1},
+      {"waitUntilTaskDone", [](Task& t, zqerr_Status* s) { t.waitUntilTaskDone(10.0, s); }, 0, 0},
+      {"abortTask", [](Task& t, zqerr_Status* s) { t.abortTask(s); }, 0, 0},
       {"channel set, empty list",
-       [](Task& t, zqerr_Status* s) {
-         t.setChannelAttributeF64(StringArrayView(kNoChannels), 6, 1.5, s);
-         return 0.0;
-       },
-       0, 0},
+       [](Task& t, zqerr_Status* s) { t.setChannelAttributeF64(StringArrayView(kNone), 6, 1.5, s); }, 0, 0},
       {"channel reset, empty list",
-       [](Task& t, zqerr_Status* s) {
-         t.resetChannelAttributeI32(StringArrayView(kNoChannels), 6, s);
-         return 0.0;
-       },
-       0, 0},
+       [](Task& t, zqerr_Status* s) { t.resetChannelAttributeI32(StringArrayView(kNone), 6, s); }, 0, 0},
   };
   return kCases;
 }
@@ -132,7 +96,7 @@ TEST(UnboundTask, ChannelSetWithNamesNamesTheFirstChannelAndTheTask) {
   auto task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>(), "Pressure");
   zqerr::Status status;
   task->setChannelAttributeF64(StringArrayView(kTwoChannels), 6, 1.5, &status);
-  EXPECT_EQ(status.code, -200486);
+  EXPECT_EQ(status.code, nZQMSTS::kErrorChanNotInTask);
   const char* r = status.report;
   EXPECT_EQ(zqtest::reportAt(r, {"error_constant"}), "nZQMSTS::kErrorChanNotInTask");
   EXPECT_EQ(zqtest::reportAt(r, {"translator_info", "ordered_data", "#0", "usage"}), "kUsageTypeChannelName");
@@ -157,14 +121,14 @@ class BoundTask : public ::testing::Test {
 TEST_F(BoundTask, OperationsReachThePluginWithTheTaskHandleAndConvertedArguments) {
   zqerr::Status status;
   EXPECT_EQ(task->getChannelAttributeF64(StringArrayView(kTwoChannels), 6, &status), 2.5);
-  task->setChannelAttributeF64(StringArrayView(kNoChannels), 7, 0.5, &status);
+  task->setChannelAttributeF64(StringArrayView(kNone), 7, 0.5, &status);
   task->saveTask("Saved", "Me", true, false, true, false, &status);
   EXPECT_EQ(task->isTaskDone(&status), 0u);
   task->abortTask(&status);
   EXPECT_EQ(status.code, 0);
   EXPECT_EQ(callLog(), (std::vector<std::string>{"getChannelAttributeF64:task:Dev1/ai0,Dev1/ai1:6",
                                                  "setChannelAttributeF64:task::7:0.500000",
-                                                 "saveTask:task:Saved:Me:1010", "isTaskDone:task", "abortTask:task"}));
+                                                 "saveTask:task:Saved:Me:1:0:1:0", "isTaskDone:task", "abortTask:task"}));
   EXPECT_EQ(task->lockDepth(), 0);
 }
 
@@ -179,7 +143,7 @@ TEST_F(BoundTask, AnOperationThePluginLacksIsRefusedByTheTable) {
   zqerr::Status status;
   task->configureSampleClockTiming("", 1000, 10280, 10123, 100, &status);
   EXPECT_LT(status.code, 0);
-  EXPECT_NE(status.code, -200477);
+  EXPECT_NE(status.code, kNoDevice);
   EXPECT_TRUE(callLog().empty());
 }
 
@@ -213,22 +177,6 @@ struct ReleaseCase {
   bool serverGoes;
 };
 
-class FakeServer final : public zqvorexRedir::IDebugServer {
- public:
-  explicit FakeServer(std::function<void()> onDestroy) : onDestroy_(std::move(onDestroy)) {}
-  ~FakeServer() override { onDestroy_(); }
-  uint32_t getMaxPrivilegeLevel(zqerr_Status*) override { return 0; }
-  void getPipeName(std::string&, zqerr_Status*) override {}
-  std::shared_ptr<zqvorexRedir::IDebugTarget> createDebugTarget(const std::string&,
-                                                                const zqvorexDebugServer_Callbacks*,
-                                                                zqerr_Status*) override {
-    return nullptr;
-  }
-
- private:
-  std::function<void()> onDestroy_;
-};
-
 TEST(TaskLock, DeferredReleaseHappensAtTheLastUnlockWithoutTheMutex) {
   const ReleaseCase cases[] = {
       {zqvorexRedir::kReleaseDebugTarget, true, false},
@@ -247,7 +195,7 @@ TEST(TaskLock, DeferredReleaseHappensAtTheLastUnlockWithoutTheMutex) {
       depthAtDestruction.push_back(raw->lockDepth());
     };
     task->setDebugTarget(std::make_shared<zqtest::FakeDebugTarget>([&] { note("target"); }));
-    task->setDebugServer(std::make_shared<FakeServer>([&] { note("server"); }));
+    task->setDebugServer(std::make_shared<zqtest::FakeDebugServer>([&] { note("server"); }));
     task->lock();
     task->lock();
     task->requestDeferredRelease(c.bits);

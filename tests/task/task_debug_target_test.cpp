@@ -8,6 +8,7 @@
 #include "fake_debug_target.h"
 #include "slot_plugin.h"
 #include "task_fixture.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -63,8 +64,7 @@ TEST(LoggingNotice, TheTargetHearsOfLoggingOnlyAtChangesAndIsToldBackOnRefusal) 
         {Via::setMode, 10231, 0, {"logging:off"}, 0}}},
   };
   for (const LoggingCase& c : cases) {
-    auto task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>());
-    zqtest::bindTask(*task, zqtest::makeSlotPlugin(), zqtest::slotContextHandle(), zqtest::slotTaskHandle());
+    auto task = zqtest::makeBoundTask();
     auto target = std::make_shared<zqtest::FakeDebugTarget>();
     task->setDebugTarget(target);
     for (size_t i = 0; i < c.steps.size(); ++i) {
@@ -79,9 +79,7 @@ TEST(LoggingNotice, TheTargetHearsOfLoggingOnlyAtChangesAndIsToldBackOnRefusal) 
 }
 
 TEST(LoggingNotice, WithoutATargetTheOperationsSimplyForward) {
-  callLog().clear();
-  auto task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>());
-  zqtest::bindTask(*task, zqtest::makeSlotPlugin(), zqtest::slotContextHandle(), zqtest::slotTaskHandle());
+  auto task = zqtest::makeBoundTask();
   zqerr::Status status;
   task->setReadAttributeI32(StringArrayView(kNoChannels), 11973, 15842, &status);
   task->configureLogging("f.tdms", 10231, "g", 2, &status);
@@ -98,7 +96,7 @@ TEST(LoggingNotice, WithoutAPluginTaskTheyAnswerNoDevice) {
   task->setDebugTarget(target);
   zqerr::Status status;
   task->setReadAttributeI32(StringArrayView(kNoChannels), 11973, 15842, &status);
-  EXPECT_EQ(status.code, -200477);
+  EXPECT_EQ(status.code, nZQMSTS::kErrorCanNotPerformOpWhenNoDevInTask);
   EXPECT_TRUE(target->calls.empty());
 }
 

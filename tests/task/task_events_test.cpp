@@ -8,6 +8,7 @@
 #include "fake_debug_target.h"
 #include "slot_plugin.h"
 #include "task_fixture.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -21,19 +22,14 @@ zqgopher_IEventSignal* const kSignal = nullptr;
 zqgopher_IEventEveryNSamples* const kEveryN = nullptr;
 
 struct BoundTask {
-  std::shared_ptr<Task> task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>());
+  std::shared_ptr<Task> task = zqtest::makeBoundTask();
   std::shared_ptr<zqtest::FakeDebugTarget> target;
 
   explicit BoundTask(bool withTarget = true) {
-    callLog().clear();
-    zqtest::clearSlotFailures();
     zqtest::setNextSlotEventToken(1);
-    zqtest::bindTask(*task, zqtest::makeSlotPlugin(), zqtest::slotContextHandle(), zqtest::slotTaskHandle());
-    if (withTarget) {
-      target = std::make_shared<zqtest::FakeDebugTarget>();
-      task->setDebugTarget(target);
-    }
-    callLog().clear();
+    if (!withTarget) return;
+    target = std::make_shared<zqtest::FakeDebugTarget>();
+    task->setDebugTarget(target);
   }
 };
 
@@ -119,7 +115,7 @@ TEST(TaskEvents, AFailureAfterThePluginsTokenTakesTheRegistrationBackAndTheFirst
          b.task->registerDoneEvent(true, kDone, &status);
          zqtest::setNextSlotEventToken(1);
        },
-       -229672,
+       nZQMESL::kInternalErrorEventAlreadyRegisteredInTask,
        {"registerDoneEvent:task", "unregisterEvent:task:1"},
        {},
        {1}},
@@ -128,9 +124,9 @@ TEST(TaskEvents, AFailureAfterThePluginsTokenTakesTheRegistrationBackAndTheFirst
          zqerr::Status status;
          b.task->registerDoneEvent(true, kDone, &status);
          zqtest::setNextSlotEventToken(1);
-         zqtest::failSlotCalls("unregisterEvent", -50150);
+         zqtest::failSlotCalls("unregisterEvent", zqpalerr_softwareFault);
        },
-       -229672,
+       nZQMESL::kInternalErrorEventAlreadyRegisteredInTask,
        {"registerDoneEvent:task", "unregisterEvent:task:1"},
        {},
        {1}},
@@ -142,7 +138,7 @@ TEST(TaskEvents, AFailureAfterThePluginsTokenTakesTheRegistrationBackAndTheFirst
        {1}},
       {"the plug-in refuses the registration",
        [](BoundTask&) { zqtest::failSlotCalls("registerDoneEvent", -200950); },
-       -200950,
+       nZQMSTS::kErrorDoneEventAlreadyRegistered,
        {"registerDoneEvent:task"},
        {},
        {}},
@@ -163,32 +159,27 @@ TEST(TaskEvents, AFailureAfterThePluginsTokenTakesTheRegistrationBackAndTheFirst
   }
 }
 
-TEST(TaskEvents, UnregisteringATokenTheTaskDoesNotHoldFailsAfterThePlugin) {
-  BoundTask bound;
-  zqerr::Status status;
-  bound.task->registerDoneEvent(true, kDone, &status);
-  callLog().clear();
-  bound.target->calls.clear();
-  bound.task->unregisterEvent(9, &status);
-  EXPECT_EQ(status.code, -52006);
-  EXPECT_EQ(callLog(), std::vector<std::string>{"unregisterEvent:task:9"});
-  EXPECT_TRUE(bound.target->calls.empty());
-  zqerr::Status after;
-  EXPECT_EQ(bound.task->getEvents(12576, &after), EventTokens{1});
-}
-
-TEST(TaskEvents, APluginThatRefusesToUnregisterKeepsTheToken) {
-  BoundTask bound;
-  zqerr::Status status;
-  bound.task->registerDoneEvent(true, kDone, &status);
-  bound.target->calls.clear();
-  zqtest::failSlotCalls("unregisterEvent", -200088);
-  bound.task->unregisterEvent(1, &status);
-  zqtest::clearSlotFailures();
-  EXPECT_EQ(status.code, -200088);
-  EXPECT_TRUE(bound.target->calls.empty());
-  zqerr::Status after;
-  EXPECT_EQ(bound.task->getEvents(12576, &after), EventTokens{1});
+TEST(TaskEvents, AnUnregistrationThatFailsKeepsTheTokenAndTellsTheTargetNothing) {
+  struct Case {
+    zqvorexPlugin_EventToken token;
+    int32_t pluginCode;
+    int32_t code;
+  };
+  const int32_t refused = nZQMSTS::kErrorInvalidTask;
+  for (const Case& c : {Case{9, 0, zqapalerr_resourceNotFound}, Case{1, refused, refused}}) {
+    BoundTask bound;
+    zqerr::Status status;
+    bound.task->registerDoneEvent(true, kDone, &status);
+    callLog().clear();
+    bound.target->calls.clear();
+    zqtest::failNextSlotCall(c.pluginCode);
+    bound.task->unregisterEvent(c.token, &status);
+    EXPECT_EQ(status.code, c.code) << c.token;
+    EXPECT_EQ(callLog(), std::vector<std::string>{"unregisterEvent:task:" + std::to_string(c.token)});
+    EXPECT_TRUE(bound.target->calls.empty()) << c.token;
+    zqerr::Status after;
+    EXPECT_EQ(bound.task->getEvents(12576, &after), EventTokens{1}) << c.token;
+  }
 }
 
 TEST(TaskEvents, AnUnboundTaskHasNoDeviceAndCallsNothing) {
@@ -203,7 +194,7 @@ TEST(TaskEvents, AnUnboundTaskHasNoDeviceAndCallsNothing) {
     task->setDebugTarget(target);
     zqerr::Status status;
     operations[i](*task, &status);
-    EXPECT_EQ(status.code, -200477) << i;
+    EXPECT_EQ(status.code, nZQMSTS::kErrorCanNotPerformOpWhenNoDevInTask) << i;
     EXPECT_TRUE(callLog().empty()) << i;
     EXPECT_TRUE(target->calls.empty()) << i;
   }

@@ -12,6 +12,7 @@
 #include "fake_debug_target.h"
 #include "slot_plugin.h"
 #include "task_fixture.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -84,13 +85,15 @@ struct MirrorCase {
         [](Task& t, [[maybe_unused]] Io& io, zqerr_Status* s) { return t.op arguments; } \
   }
 
-constexpr int32_t kNoChannels = -200478;
-constexpr int32_t kNoDevice = -200477;
+constexpr int32_t kNoChans = nZQMSTS::kErrorCanNotPerformOpWhenNoChansInTask;
+constexpr int32_t kNoDev = nZQMSTS::kErrorCanNotPerformOpWhenNoDevInTask;
 
 #define READ_ARRAY (3, io.array.boundary(), &io.layout, 4, 1.0, nullptr, s)
 #define READ_LINES (3, io.lines.boundary(), &io.layout, 4, 1.0, nullptr, s)
 #define WRITE_ARRAY (3, io.array.boundary(), &io.layout, true, 1.0, nullptr, s)
 #define WRITE_LINES (3, io.lines.boundary(), &io.layout, true, 1.0, nullptr, s)
+#define READ_SCALAR(value) (3, 1.0, &io.value, nullptr, s)
+#define WRITE_SCALAR(...) (3, true, 1.0, __VA_ARGS__, nullptr, s)
 #define READ_RAW (3, io.array.boundary(), 4, 1.0, &io.u32, nullptr, s)
 #define WRITE_RAW (3, io.array.boundary(), true, 1.0, nullptr, s)
 
@@ -98,68 +101,58 @@ std::vector<MirrorCase> mirrorCases() {
   const auto A = Shape::array, L = Shape::lines, S = Shape::scalar, SL = Shape::scalarLines;
   const std::vector<unsigned char> none;
   return {
-      MIRROR_CASE(readScaledScalarF64, 16111, cacheSamplesF64, S, filled(8), false, kNoChannels,
-                  (3, 1.0, &io.f64, nullptr, s)),
-      MIRROR_CASE(readScaledVectorF64, 16111, cacheSamplesF64, A, none, true, kNoChannels, READ_ARRAY),
-      MIRROR_CASE(readScaledVectorDurationF64, 16111, cacheSamplesF64, A, none, true, kNoChannels,
-                  READ_ARRAY),
-      MIRROR_CASE(writeScaledScalarF64, 16111, cacheSamplesF64, S, bytesOf(2.5), false, kNoDevice,
-                  (3, true, 1.0, 2.5, nullptr, s)),
-      MIRROR_CASE(writeScaledVectorF64, 16111, cacheSamplesF64, A, none, true, kNoDevice, WRITE_ARRAY),
-      MIRROR_CASE(readPortScalarU8, 16112, cacheSamplesU8, S, filled(1), false, kNoChannels,
-                  (3, 1.0, &io.u8, nullptr, s)),
-      MIRROR_CASE(writePortVectorU8, 16112, cacheSamplesU8, A, none, true, kNoDevice, WRITE_ARRAY),
-      MIRROR_CASE(readPortVectorU16, 16113, cacheSamplesU16, A, none, true, kNoChannels, READ_ARRAY),
-      MIRROR_CASE(writePortScalarU16, 16113, cacheSamplesU16, S, bytesOf(uint16_t(0x1234)), false, kNoDevice,
-                  (3, true, 1.0, uint16_t(0x1234), nullptr, s)),
-      MIRROR_CASE(readPortScalarU32, 16114, cacheSamplesU32, S, filled(4), false, kNoChannels,
-                  (3, 1.0, &io.u32, nullptr, s)),
-      MIRROR_CASE(writePortVectorU32, 16114, cacheSamplesU32, A, none, true, kNoDevice, WRITE_ARRAY),
-      MIRROR_CASE(readBinaryVectorU16, 16115, cacheSamplesU16, A, none, true, kNoChannels, READ_ARRAY),
-      MIRROR_CASE(readBinaryVectorI16, 16116, cacheSamplesI16, A, none, true, kNoChannels, READ_ARRAY),
-      MIRROR_CASE(writeBinaryVectorI16, 16116, cacheSamplesI16, A, none, true, kNoDevice, WRITE_ARRAY),
-      MIRROR_CASE(readBinaryScalarU32, 16117, cacheSamplesU32, S, filled(4), false, kNoChannels,
-                  (3, 1.0, &io.u32, nullptr, s)),
-      MIRROR_CASE(readBinaryVectorU32, 16117, cacheSamplesU32, A, none, true, kNoChannels, READ_ARRAY),
-      MIRROR_CASE(readBinaryVectorI32, 16118, cacheSamplesI32, A, none, true, kNoChannels, READ_ARRAY),
-      MIRROR_CASE(writeBinaryVectorI32, 16118, cacheSamplesI32, A, none, true, kNoDevice, WRITE_ARRAY),
-      MIRROR_CASE(readScalarCounterDutyCycleAndFrequencyF64, 16121,
-                  cacheSamplesCounterDutyCycleAndFrequencyF64, S, filled(16), false, kNoChannels,
-                  (3, 1.0, &io.dutyCycleAndFrequency, nullptr, s)),
-      MIRROR_CASE(writeVectorCounterDutyCycleAndFrequencyF64, 16121,
-                  cacheSamplesCounterDutyCycleAndFrequencyF64, A, none, true, kNoDevice, WRITE_ARRAY),
+      MIRROR_CASE(readScaledScalarF64, 16111, cacheSamplesF64, S, filled(8), false, kNoChans, READ_SCALAR(f64)),
+      MIRROR_CASE(readScaledVectorF64, 16111, cacheSamplesF64, A, none, true, kNoChans, READ_ARRAY),
+      MIRROR_CASE(readScaledVectorDurationF64, 16111, cacheSamplesF64, A, none, true, kNoChans, READ_ARRAY),
+      MIRROR_CASE(writeScaledScalarF64, 16111, cacheSamplesF64, S, bytesOf(2.5), false, kNoDev, WRITE_SCALAR(2.5)),
+      MIRROR_CASE(writeScaledVectorF64, 16111, cacheSamplesF64, A, none, true, kNoDev, WRITE_ARRAY),
+      MIRROR_CASE(readPortScalarU8, 16112, cacheSamplesU8, S, filled(1), false, kNoChans, READ_SCALAR(u8)),
+      MIRROR_CASE(writePortVectorU8, 16112, cacheSamplesU8, A, none, true, kNoDev, WRITE_ARRAY),
+      MIRROR_CASE(readPortVectorU16, 16113, cacheSamplesU16, A, none, true, kNoChans, READ_ARRAY),
+      MIRROR_CASE(writePortScalarU16, 16113, cacheSamplesU16, S, bytesOf(uint16_t(0x1234)), false, kNoDev,
+                  WRITE_SCALAR(uint16_t(0x1234))),
+      MIRROR_CASE(readPortScalarU32, 16114, cacheSamplesU32, S, filled(4), false, kNoChans, READ_SCALAR(u32)),
+      MIRROR_CASE(writePortVectorU32, 16114, cacheSamplesU32, A, none, true, kNoDev, WRITE_ARRAY),
+      MIRROR_CASE(readBinaryVectorU16, 16115, cacheSamplesU16, A, none, true, kNoChans, READ_ARRAY),
+      MIRROR_CASE(readBinaryVectorI16, 16116, cacheSamplesI16, A, none, true, kNoChans, READ_ARRAY),
+      MIRROR_CASE(writeBinaryVectorI16, 16116, cacheSamplesI16, A, none, true, kNoDev, WRITE_ARRAY),
+      MIRROR_CASE(readBinaryScalarU32, 16117, cacheSamplesU32, S, filled(4), false, kNoChans, READ_SCALAR(u32)),
+      MIRROR_CASE(readBinaryVectorU32, 16117, cacheSamplesU32, A, none, true, kNoChans, READ_ARRAY),
+      MIRROR_CASE(readBinaryVectorI32, 16118, cacheSamplesI32, A, none, true, kNoChans, READ_ARRAY),
+      MIRROR_CASE(writeBinaryVectorI32, 16118, cacheSamplesI32, A, none, true, kNoDev, WRITE_ARRAY),
+      MIRROR_CASE(readScalarCounterDutyCycleAndFrequencyF64, 16121, cacheSamplesCounterDutyCycleAndFrequencyF64, S,
+                  filled(16), false, kNoChans, READ_SCALAR(dutyCycleAndFrequency)),
+      MIRROR_CASE(writeVectorCounterDutyCycleAndFrequencyF64, 16121, cacheSamplesCounterDutyCycleAndFrequencyF64, A,
+                  none, true, kNoDev, WRITE_ARRAY),
       MIRROR_CASE(writeScalarCounterHighAndLowTimesF64, 16122, cacheSamplesCounterHighAndLowTimesF64, S,
-                  bytesOf(zqvorexPlugin_HighAndLowTimesF64{0.25, 0.75}), false, kNoDevice,
-                  (3, true, 1.0, zqvorexPlugin_HighAndLowTimesF64{0.25, 0.75}, nullptr, s)),
-      MIRROR_CASE(readVectorCounterHighAndLowTimesF64, 16122, cacheSamplesCounterHighAndLowTimesF64, A, none,
-                  true, kNoChannels, READ_ARRAY),
-      MIRROR_CASE(readScalarCounterHighAndLowTicksU32, 16123, cacheSamplesCounterHighAndLowTicksU32, S,
-                  filled(8), false, kNoChannels, (3, 1.0, &io.ticks, nullptr, s)),
+                  bytesOf(zqvorexPlugin_HighAndLowTimesF64{0.25, 0.75}), false, kNoDev,
+                  WRITE_SCALAR(zqvorexPlugin_HighAndLowTimesF64{0.25, 0.75})),
+      MIRROR_CASE(readVectorCounterHighAndLowTimesF64, 16122, cacheSamplesCounterHighAndLowTimesF64, A, none, true,
+                  kNoChans, READ_ARRAY),
+      MIRROR_CASE(readScalarCounterHighAndLowTicksU32, 16123, cacheSamplesCounterHighAndLowTicksU32, S, filled(8),
+                  false, kNoChans, READ_SCALAR(ticks)),
       MIRROR_CASE(writeScalarCounterHighAndLowTicksU32, 16123, cacheSamplesCounterHighAndLowTicksU32, S,
-                  bytesOf(zqvorexPlugin_HighAndLowTicksU32{3, 4}), false, kNoDevice,
-                  (3, true, 1.0, zqvorexPlugin_HighAndLowTicksU32{3, 4}, nullptr, s)),
-      MIRROR_CASE(writeVectorCounterHighAndLowTicksU32, 16123, cacheSamplesCounterHighAndLowTicksU32, A, none,
-                  true, kNoDevice, WRITE_ARRAY),
-      MIRROR_CASE(readLineScalarU8, 16124, cacheSamplesLineU8, SL, filled(1), false, kNoChannels,
-                  (3, 1.0, &io.u8, nullptr, s)),
-      MIRROR_CASE(writeLineScalarU8, 16124, cacheSamplesLineU8, SL, bytesOf(uint8_t(0xA5)), false, kNoDevice,
-                  (3, true, 1.0, uint8_t(0xA5), nullptr, s)),
-      MIRROR_CASE(readLineVectorU8, 16124, cacheSamplesLineU8, L, none, true, kNoChannels, READ_LINES),
-      MIRROR_CASE(writeLineVectorU8, 16124, cacheSamplesLineU8, L, none, true, kNoDevice, WRITE_LINES),
-      MIRROR_CASE(readDigitalWaveformVectorDurationU8, 16125, cacheSamplesLineU8, L, none, true, kNoChannels,
-                  READ_LINES),
-      MIRROR_CASE(writeDigitalWaveformVectorU8, 16125, cacheSamplesLineU8, L, none, true, kNoDevice,
-                  WRITE_LINES),
-      MIRROR_CASE(readScalarPowerVoltageAndCurrentF64, 15504, cacheSamplesPowerVoltageAndCurrentF64, S,
-                  filled(16), false, kNoChannels, (3, 1.0, &io.power, nullptr, s)),
-      MIRROR_CASE(readVectorPowerVoltageAndCurrentF64, 15504, cacheSamplesPowerVoltageAndCurrentF64, A, none,
-                  true, kNoChannels, READ_ARRAY),
-      MIRROR_CASE(readVectorPowerVoltageAndCurrentI16, 15505, cacheSamplesPowerVoltageAndCurrentI16, A, none,
-                  true, kNoChannels, READ_ARRAY),
-      MIRROR_CASE(readRawI8, 0, cacheSamplesI8, A, none, false, kNoChannels, READ_RAW),
-      MIRROR_CASE(readRawU32, 0, cacheSamplesU32, A, none, false, kNoChannels, READ_RAW),
-      MIRROR_CASE(writeRawI16, 0, cacheSamplesI16, A, none, false, kNoChannels, WRITE_RAW),
-      MIRROR_CASE(writeRawU8, 0, cacheSamplesU8, A, none, false, kNoChannels, WRITE_RAW),
+                  bytesOf(zqvorexPlugin_HighAndLowTicksU32{3, 4}), false, kNoDev,
+                  WRITE_SCALAR(zqvorexPlugin_HighAndLowTicksU32{3, 4})),
+      MIRROR_CASE(writeVectorCounterHighAndLowTicksU32, 16123, cacheSamplesCounterHighAndLowTicksU32, A, none, true,
+                  kNoDev, WRITE_ARRAY),
+      MIRROR_CASE(readLineScalarU8, 16124, cacheSamplesLineU8, SL, filled(1), false, kNoChans, READ_SCALAR(u8)),
+      MIRROR_CASE(writeLineScalarU8, 16124, cacheSamplesLineU8, SL, bytesOf(uint8_t(0xA5)), false, kNoDev,
+                  WRITE_SCALAR(uint8_t(0xA5))),
+      MIRROR_CASE(readLineVectorU8, 16124, cacheSamplesLineU8, L, none, true, kNoChans, READ_LINES),
+      MIRROR_CASE(writeLineVectorU8, 16124, cacheSamplesLineU8, L, none, true, kNoDev, WRITE_LINES),
+      MIRROR_CASE(readDigitalWaveformVectorDurationU8, 16125, cacheSamplesLineU8, L, none, true, kNoChans, READ_LINES),
+      MIRROR_CASE(writeDigitalWaveformVectorU8, 16125, cacheSamplesLineU8, L, none, true, kNoDev, WRITE_LINES),
+      MIRROR_CASE(readScalarPowerVoltageAndCurrentF64, 15504, cacheSamplesPowerVoltageAndCurrentF64, S, filled(16),
+                  false, kNoChans, READ_SCALAR(power)),
+      MIRROR_CASE(readVectorPowerVoltageAndCurrentF64, 15504, cacheSamplesPowerVoltageAndCurrentF64, A, none, true,
+                  kNoChans, READ_ARRAY),
+      MIRROR_CASE(readVectorPowerVoltageAndCurrentI16, 15505, cacheSamplesPowerVoltageAndCurrentI16, A, none, true,
+                  kNoChans, READ_ARRAY),
+      MIRROR_CASE(readRawI8, 0, cacheSamplesI8, A, none, false, kNoChans, READ_RAW),
+      MIRROR_CASE(readRawU32, 0, cacheSamplesU32, A, none, false, kNoChans, READ_RAW),
+      MIRROR_CASE(writeRawI16, 0, cacheSamplesI16, A, none, false, kNoChans, WRITE_RAW),
+      MIRROR_CASE(writeRawU8, 0, cacheSamplesU8, A, none, false, kNoChans, WRITE_RAW),
   };
 }
 
@@ -227,46 +220,31 @@ TEST(SampleMirroring, ATargetThatCachesSamplesIsShownEachReadAndWrite) {
   }
 }
 
-TEST(SampleMirroring, NothingIsHandedOverWithoutATargetThatAsksForSamples) {
+TEST(SampleMirroring, NothingIsShownWithoutATargetThatAsksOrWithoutAPluginCall) {
   struct Setting {
+    const char* name;
+    bool bound;
     bool withTarget;
     int32_t cacheSamples;
+    int32_t entryCode;
   };
+  const Setting settings[] = {{"target not caching", true, true, 0, 0},
+                              {"no target", true, false, 1, 0},
+                              {"unbound: answers by family", false, true, 1, 0},
+                              {"failed status on entry", true, true, 1, -1}};
   for (const MirrorCase& c : mirrorCases()) {
-    for (Setting setting : {Setting{true, 0}, Setting{false, 1}}) {
-      Mirrored m(c, true, setting.withTarget, setting.cacheSamples);
+    for (const Setting& setting : settings) {
+      SCOPED_TRACE(std::string(c.op) + ", " + setting.name);
+      Mirrored m(c, setting.bound, setting.withTarget, setting.cacheSamples);
       Io io;
       zqerr::Status status;
-      EXPECT_EQ(c.run(*m.task, io, &status), kPluginCount) << c.op;
-      EXPECT_EQ(status.code, 0) << c.op;
-      EXPECT_EQ(callLog(), std::vector<std::string>{"samples:task"}) << c.op;
-      EXPECT_TRUE(m.target->calls.empty()) << c.op;
+      status.code = setting.entryCode;
+      const bool reaches = setting.bound && setting.entryCode == 0;
+      EXPECT_EQ(c.run(*m.task, io, &status), reaches ? kPluginCount : 0u);
+      EXPECT_EQ(status.code, setting.bound ? setting.entryCode : c.unboundCode);
+      EXPECT_EQ(callLog(), reaches ? std::vector<std::string>{"samples:task"} : std::vector<std::string>{});
+      EXPECT_TRUE(m.target->calls.empty());
     }
-  }
-}
-
-TEST(SampleMirroring, AnUnboundTaskAnswersByFamilyAndShowsNothing) {
-  for (const MirrorCase& c : mirrorCases()) {
-    Mirrored m(c, false, true, 1);
-    Io io;
-    zqerr::Status status;
-    EXPECT_EQ(c.run(*m.task, io, &status), 0u) << c.op;
-    EXPECT_EQ(status.code, c.unboundCode) << c.op;
-    EXPECT_TRUE(callLog().empty()) << c.op;
-    EXPECT_TRUE(m.target->calls.empty()) << c.op;
-  }
-}
-
-TEST(SampleMirroring, AFailedStatusOnEntryShowsNothing) {
-  for (const MirrorCase& c : mirrorCases()) {
-    Mirrored m(c, true, true, 1);
-    Io io;
-    zqerr::Status status;
-    status.code = -1;
-    EXPECT_EQ(c.run(*m.task, io, &status), 0u) << c.op;
-    EXPECT_EQ(status.code, -1) << c.op;
-    EXPECT_TRUE(callLog().empty()) << c.op;
-    EXPECT_TRUE(m.target->calls.empty()) << c.op;
   }
 }
 

@@ -8,6 +8,7 @@
 #include "report_query.h"
 #include "slot_plugin.h"
 #include "task_fixture.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -17,43 +18,45 @@ using zqvorexRedir::Task;
 
 const std::vector<std::string> kOneChannel{"Dev1/ai0"};
 
-struct UnboundI32Case {
-  int32_t id;
-  int32_t value;
+constexpr int32_t kNotCommitted = nZQMESL::kInternalErrorDebugConfigurationNotCommitted;
+constexpr int32_t kNotSupported = nZQMSTS::kErrorAttributeNotSupportedInTaskContext;
+
+struct UnboundCase {
+  const char* name;
+  zqtest::TaskOp<Task> run;
+  double value;
   int32_t code;
 };
 
-TEST(TaskAttributesUnbound, TheTwoFixedIdsAnswerAndOthersAreNotSupported) {
-  const UnboundI32Case cases[] = {{12697, 1, 0}, {12698, 0, 0}, {12699, 0, -200452}, {4726, 0, -200452}};
-  for (const UnboundI32Case& c : cases) {
-    auto task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>());
-    zqerr::Status status;
-    EXPECT_EQ(task->getTaskAttributeI32(c.id, &status), c.value) << c.id;
-    EXPECT_EQ(status.code, c.code) << c.id;
-  }
-}
-
-TEST(TaskAttributesUnbound, OtherOperationsOfClassTaskAreNotSupported) {
-  const std::vector<std::pair<const char*, std::function<void(Task&, zqerr_Status*)>>> cases = {
-      {"get bool", [](Task& t, zqerr_Status* s) { t.getTaskAttributeBool(4000, s); }},
-      {"get u32", [](Task& t, zqerr_Status* s) { t.getTaskAttributeU32(12697, s); }},
-      {"get string", [](Task& t, zqerr_Status* s) {
+TEST(TaskAttributesUnbound, TheTwoFixedIdsAnswerAndOtherOperationsOfClassTaskAreNotSupported) {
+  const UnboundCase cases[] = {
+      {"get i32 12697", [](Task& t, zqerr_Status* s) { return t.getTaskAttributeI32(12697, s); }, 1, 0},
+      {"get i32 12698", [](Task& t, zqerr_Status* s) { return t.getTaskAttributeI32(12698, s); }, 0, 0},
+      {"get i32 12699", [](Task& t, zqerr_Status* s) { return t.getTaskAttributeI32(12699, s); }, 0, kNotSupported},
+      {"get i32 of the name", [](Task& t, zqerr_Status* s) { return t.getTaskAttributeI32(4726, s); }, 0, kNotSupported},
+      {"get bool", [](Task& t, zqerr_Status* s) { return t.getTaskAttributeBool(4000, s); }, 0, kNotSupported},
+      {"get u32", [](Task& t, zqerr_Status* s) { return t.getTaskAttributeU32(12697, s); }, 0, kNotSupported},
+      {"get string",
+       [](Task& t, zqerr_Status* s) {
          std::string text;
          zqgopher::StringAdapter out(text);
          t.getTaskAttributeString(4727, out.boundary(), s);
-       }},
-      {"set bool", [](Task& t, zqerr_Status* s) { t.setTaskAttributeBool(4000, 1, s); }},
-      {"set string", [](Task& t, zqerr_Status* s) { t.setTaskAttributeString(4000, "x", s); }},
-      {"reset i32", [](Task& t, zqerr_Status* s) { t.resetTaskAttributeI32(4000, s); }},
-      {"reset bool of a session value id", [](Task& t, zqerr_Status* s) { t.resetTaskAttributeBool(12706, s); }},
+       },
+       0, kNotSupported},
+      {"set bool", [](Task& t, zqerr_Status* s) { t.setTaskAttributeBool(4000, 1, s); }, 0, kNotSupported},
+      {"set string", [](Task& t, zqerr_Status* s) { t.setTaskAttributeString(4000, "x", s); }, 0, kNotSupported},
+      {"reset i32", [](Task& t, zqerr_Status* s) { t.resetTaskAttributeI32(4000, s); }, 0, kNotSupported},
+      {"reset bool of a session id", [](Task& t, zqerr_Status* s) { t.resetTaskAttributeBool(12706, s); }, 0,
+       kNotSupported},
   };
-  for (const auto& [name, run] : cases) {
+  for (const UnboundCase& c : cases) {
     auto task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>());
     zqerr::Status status;
-    run(*task, &status);
-    EXPECT_EQ(status.code, -200452) << name;
-    EXPECT_EQ(zqtest::reportAt(status.report, {"error_constant"}), "nZQMSTS::kErrorAttributeNotSupportedInTaskContext")
-        << name;
+    EXPECT_EQ(c.run(*task, &status), c.value) << c.name;
+    EXPECT_EQ(status.code, c.code) << c.name;
+    EXPECT_EQ(zqtest::reportAt(status.report, {"error_constant"}),
+              c.code ? "nZQMSTS::kErrorAttributeNotSupportedInTaskContext" : zqtest::kAbsent)
+        << c.name;
   }
 }
 
@@ -71,7 +74,7 @@ TEST_P(TaskName, IsAnsweredByTheTaskAndNeverByThePlugin) {
   EXPECT_EQ(status.code, 0);
   EXPECT_EQ(text, "Flow Meter");
   task->getTaskAttributeString(4726, nullptr, &status);
-  EXPECT_EQ(status.code, -52005);
+  EXPECT_EQ(status.code, zqapalerr_invalidParameter);
   EXPECT_TRUE(callLog().empty());
   EXPECT_EQ(manager->requests, 0);
 }
@@ -79,9 +82,7 @@ TEST_P(TaskName, IsAnsweredByTheTaskAndNeverByThePlugin) {
 INSTANTIATE_TEST_SUITE_P(BoundOrNot, TaskName, ::testing::Bool());
 
 TEST(TaskAttributesBound, OtherIdsOfClassTaskGoToThePlugin) {
-  callLog().clear();
-  auto task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>());
-  zqtest::bindTask(*task, zqtest::makeSlotPlugin(), zqtest::slotContextHandle(), zqtest::slotTaskHandle());
+  auto task = zqtest::makeBoundTask();
   zqerr::Status status;
   EXPECT_EQ(task->getTaskAttributeI32(12697, &status), 77);
   std::string text;
@@ -95,19 +96,17 @@ TEST(TaskAttributesBound, OtherIdsOfClassTaskGoToThePlugin) {
 }
 
 TEST(DebugSession, AnOpenSessionRefusesForwardedOperationsButStillAnswersItsRecord) {
-  callLog().clear();
-  auto task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>());
-  zqtest::bindTask(*task, zqtest::makeSlotPlugin(), zqtest::slotContextHandle(), zqtest::slotTaskHandle());
+  auto task = zqtest::makeBoundTask();
   zqerr::Status status;
   task->setTaskAttributeBool(12705, 1, &status);
   ASSERT_EQ(status.code, 0);
   EXPECT_EQ(task->getChannelAttributeF64(StringArrayView(kOneChannel), 6, &status), 0.0);
-  EXPECT_EQ(status.code, -223804);
+  EXPECT_EQ(status.code, kNotCommitted);
   EXPECT_EQ(zqtest::reportAt(status.report, {"error_constant"}),
             "nZQMESL::kInternalErrorDebugConfigurationNotCommitted");
   zqerr::Status again;
   task->getTaskAttributeI32(4000, &again);
-  EXPECT_EQ(again.code, -223804);
+  EXPECT_EQ(again.code, kNotCommitted);
   zqerr::Status record;
   EXPECT_EQ(task->getTaskAttributeBool(12705, &record), 1u);
   task->setTaskAttributeI32(12706, 3, &record);
@@ -123,7 +122,7 @@ struct AfterCommitCase {
 };
 
 TEST(DebugSession, CommitMakesTheSessionTaskAndFreezesTheRecord) {
-  const AfterCommitCase cases[] = {{1, 0}, {0, -223841}};
+  const AfterCommitCase cases[] = {{1, 0}, {0, nZQMESL::kInternalErrorCannotSetPropertyWhenDebugSessionCommitted}};
   for (const AfterCommitCase& c : cases) {
     callLog().clear();
     auto manager = std::make_shared<zqtest::CountingPluginManager>(zqtest::makeSlotPlugin());
@@ -161,7 +160,7 @@ TEST(DebugSession, AFailedCommitTakesBackTheSessionTask) {
   EXPECT_EQ(callLog().back(), "destroyDebugSession:task");
   zqerr::Status refused;
   task->isTaskDone(&refused);
-  EXPECT_EQ(refused.code, -223804);
+  EXPECT_EQ(refused.code, kNotCommitted);
 }
 
 TEST(DebugSession, CommitWithoutASessionIsASoftwareFault) {
@@ -169,7 +168,7 @@ TEST(DebugSession, CommitWithoutASessionIsASoftwareFault) {
   auto task = zqtest::makeTask(manager);
   zqerr::Status status;
   task->commitDebugSession(&status);
-  EXPECT_EQ(status.code, -50150);
+  EXPECT_EQ(status.code, zqpalerr_softwareFault);
   EXPECT_EQ(manager->requests, 0);
 }
 

@@ -15,121 +15,27 @@ namespace {
 using zqtest::callLog;
 using zqtest::recordSlotCall;
 using zqtest::slotHandleText;
-using zqvorexRedir::NameSet;
 using zqvorexRedir::Task;
 
 // The plug-in operations that make tasks other than createTask, as slots of this program.
-zqvorexPlugin_Task_undefined* made(const std::string& entry, zqerr_Status* status) {
-  recordSlotCall(entry, status);
-  return zqtest::slotTaskHandle();
-}
-zqvorexPlugin_Task_undefined* loadTask(zqvorexPlugin_Context_undefined* context, const char* name,
-                                       zqerr_Status* status) {
-  return made("loadTask:" + slotHandleText(context) + ":" + name, status);
-}
-zqvorexPlugin_Task_undefined* createTaskFromString(zqvorexPlugin_Context_undefined* context, const char* name,
-                                                   uint32_t format, const char* text, zqerr_Status* status) {
-  return made("createTaskFromString:" + slotHandleText(context) + ":" + name + ":" + std::to_string(format) + ":" +
-                  text,
-              status);
-}
-zqvorexPlugin_Task_undefined* createWatchdogTimerTask(zqvorexPlugin_Context_undefined* context, const char* name,
-                                                      const char* device, zqerr_Status* status) {
-  return made("createWatchdogTimerTask:" + slotHandleText(context) + ":" + name + ":" + device, status);
-}
-zqvorexPlugin_Task_undefined* createSwitchScanlist(zqvorexPlugin_Context_undefined* context, const char* name,
-                                                   const char* scanList, zqerr_Status* status) {
-  return made("createSwitchScanlist:" + slotHandleText(context) + ":" + name + ":" + scanList, status);
-}
-zqvorexPlugin_Task_undefined* createTaskForGrpcSession(zqvorexPlugin_Context_undefined* context, const char* name,
-                                                       const char* session, int32_t flags, zqerr_Status* status) {
-  return made("createTaskForGrpcSession:" + slotHandleText(context) + ":" + name + ":" + session + ":" +
-                  std::to_string(flags),
-              status);
-}
 zqvorexPlugin_Task_undefined* autoCreateTask(zqvorexPlugin_Context_undefined* context, const char* names, bool flag,
                                              zqerr_Status* again, zqerr_Status* status) {
-  return made("autoCreateTask:" + slotHandleText(context) + ":" + names + ":" + (flag ? "saved" : "channels") +
-                  (again == status ? "" : ":two statuses"),
-              status);
+  recordSlotCall("autoCreateTask:" + slotHandleText(context) + ":" + names + ":" + (flag ? "saved" : "channels") +
+                     (again == status ? "" : ":two statuses"),
+                 status);
+  return zqtest::slotTaskHandle();
 }
 
 std::shared_ptr<zqvorexRedir::Plugin> makePlugin() {
   std::shared_ptr<zqvorexRedir::Plugin> plugin = zqtest::makeSlotPlugin();
-  zqtest::bindSlot(*plugin, "loadTask", &loadTask);
-  zqtest::bindSlot(*plugin, "createTaskFromString", &createTaskFromString);
-  zqtest::bindSlot(*plugin, "createWatchdogTimerTask", &createWatchdogTimerTask);
-  zqtest::bindSlot(*plugin, "createSwitchScanlist", &createSwitchScanlist);
-  zqtest::bindSlot(*plugin, "createTaskForGrpcSession", &createTaskForGrpcSession);
+  BIND_RECORDED(*plugin, loadTask);
+  BIND_RECORDED(*plugin, createTaskFromString);
+  BIND_RECORDED(*plugin, createWatchdogTimerTask);
+  BIND_RECORDED(*plugin, createSwitchScanlist);
+  BIND_RECORDED(*plugin, createTaskForGrpcSession);
   zqtest::bindSlot(*plugin, "autoCreateTask", &autoCreateTask);
   return plugin;
 }
-
-// Answers every question with the same plug-in, devices and channels, and writes down each
-// question as "kind:arguments".
-class AnsweringSelector final : public zqvorexRedir::IPluginSelector {
- public:
-  void selectForDevices(const NameSet& devices, const std::string& context, std::string* pluginName,
-                        bool* debuggable, zqerr_Status* status) override {
-    std::string names;
-    for (const std::string& device : devices) names += device + ";";
-    if (ask("devices:" + names + context, status)) answer(pluginName, debuggable, nullptr, nullptr);
-  }
-  bool selectForNames(const std::string& names, const std::string& context, std::string* pluginName,
-                      bool* debuggable, NameSet* devices, NameSet* channels, zqerr_Status* status) override {
-    if (ask("names:" + names + ":" + context, status)) answer(pluginName, debuggable, devices, channels);
-    return namedSavedTask;
-  }
-  void selectForTask(const std::string& saved, const std::string& names, const std::string& context,
-                     std::string* pluginName, bool* debuggable, NameSet* devices, NameSet* channels,
-                     zqerr_Status* status) override {
-    if (ask("task:" + saved + "|" + names + ":" + context, status)) answer(pluginName, debuggable, devices, channels);
-  }
-  void selectForConfigString(uint32_t format, const std::string& text, std::string* pluginName, bool* debuggable,
-                             NameSet* devices, NameSet* channels, zqerr_Status* status) override {
-    if (ask("config:" + std::to_string(format) + ":" + text, status))
-      answer(pluginName, debuggable, devices, channels);
-  }
-
-  std::vector<std::string> asked;
-  std::string pluginName = "slots";
-  bool debuggable = false;
-  bool namedSavedTask = false;
-  int32_t error = 0;
-
- private:
-  bool ask(std::string question, zqerr_Status* status) {
-    asked.push_back(std::move(question));
-    if (error != 0) status->code = error;
-    return error == 0;
-  }
-  void answer(std::string* name, bool* debug, NameSet* devices, NameSet* channels) const {
-    *name = pluginName;
-    *debug = debuggable;
-    if (devices) devices->insert("Dev1");
-    if (channels) channels->insert("Dev1/ai0");
-  }
-};
-
-// A server factory whose one server hands out recording targets.
-class TargetServer final : public zqvorexRedir::IDebugServer, public zqvorexRedir::IDebugServerFactory {
- public:
-  uint32_t getMaxPrivilegeLevel(zqerr_Status*) override { return 0; }
-  void getPipeName(std::string&, zqerr_Status*) override {}
-  std::shared_ptr<zqvorexRedir::IDebugTarget> createDebugTarget(const std::string& taskName,
-                                                                const zqvorexDebugServer_Callbacks*,
-                                                                zqerr_Status*) override {
-    targetTaskName = taskName;
-    target = std::make_shared<zqtest::FakeDebugTarget>();
-    return target;
-  }
-  std::shared_ptr<zqvorexRedir::IDebugServer> createDebugServer(uint32_t, const std::string&,
-                                                                zqerr_Status*) override {
-    return std::shared_ptr<zqvorexRedir::IDebugServer>(this, [](zqvorexRedir::IDebugServer*) {});
-  }
-  std::string targetTaskName;
-  std::shared_ptr<zqtest::FakeDebugTarget> target;
-};
 
 struct SetUpCase {
   const char* name;
@@ -143,56 +49,24 @@ struct SetUpCase {
 const std::vector<std::string> kWholeTaskTold{"setPluginName:slots", "setPluginTask", "addDevices", "addChannels"};
 
 const SetUpCase kSetUps[] = {
-    {"create from a saved task",
-     [](Task& t, zqerr_Status* s) { t.setUpCreate("Saved", "", s); },
-     {"task:Saved|:ctx"},
-     "slots",
-     {"createContext:ctx", "createTask:context:T:Saved::4"},
-     true},
-    {"create from channels",
-     [](Task& t, zqerr_Status* s) { t.setUpCreate("", "Dev1/ai0", s); },
-     {"task:|Dev1/ai0:ctx"},
-     "slots",
-     {"createContext:ctx", "createTask:context:T::Dev1/ai0:4"},
-     true},
-    {"from configuration text",
-     [](Task& t, zqerr_Status* s) { t.setUpFromString(1, "[Task]", s); },
-     {"config:1:[Task]"},
-     "slots",
-     {"createContext:ctx", "createTaskFromString:context:T:1:[Task]"},
-     true},
-    {"load", [](Task& t, zqerr_Status* s) { t.setUpLoad(s); }, {"task:T|:ctx"}, "slots",
-     {"createContext:ctx", "loadTask:context:T"}, true},
-    {"auto-create",
-     [](Task& t, zqerr_Status* s) { t.setUpAuto("Dev1/ai0", s); },
-     {"names:Dev1/ai0:ctx"},
-     "slots",
-     {"createContext:ctx", "autoCreateTask:context:Dev1/ai0:channels"},
-     true},
-    {"watchdog",
-     [](Task& t, zqerr_Status* s) { t.setUpWatchdog("Dev1", s); },
-     {"devices:Dev1;ctx"},
-     "slots",
-     {"createContext:ctx", "createWatchdogTimerTask:context:T:Dev1"},
-     false},
-    {"platform",
-     [](Task& t, zqerr_Status* s) { t.setUpPlatform("Value", s); },
-     {},
-     "zqvorexPAL",
-     {"createContext:ctx", "createTask:context:T:Value::2"},
-     false},
-    {"switch scan list",
-     [](Task& t, zqerr_Status* s) { t.setUpScanlist("Sw/ch0->Sw/com0", s); },
-     {},
-     "zqvorexPAL",
-     {"createContext:ctx", "createSwitchScanlist:context:T:Sw/ch0->Sw/com0"},
-     false},
-    {"session",
-     [](Task& t, zqerr_Status* s) { t.setUpGrpc("session", 3, s); },
-     {},
-     "zqvorexGrpc",
-     {"createContext:ctx", "createTaskForGrpcSession:context:T:session:3"},
-     false},
+    {"create from a saved task", [](Task& t, zqerr_Status* s) { t.setUpCreate("Saved", "", s); },
+     {"task:Saved|:ctx"}, "slots", {"createContext:ctx", "createTask:context:T:Saved::4"}, true},
+    {"create from channels", [](Task& t, zqerr_Status* s) { t.setUpCreate("", "Dev1/ai0", s); },
+     {"task:|Dev1/ai0:ctx"}, "slots", {"createContext:ctx", "createTask:context:T::Dev1/ai0:4"}, true},
+    {"from configuration text", [](Task& t, zqerr_Status* s) { t.setUpFromString(1, "[Task]", s); },
+     {"config:1:[Task]"}, "slots", {"createContext:ctx", "createTaskFromString:context:T:1:[Task]"}, true},
+    {"load", [](Task& t, zqerr_Status* s) { t.setUpLoad(s); },
+     {"task:T|:ctx"}, "slots", {"createContext:ctx", "loadTask:context:T"}, true},
+    {"auto-create", [](Task& t, zqerr_Status* s) { t.setUpAuto("Dev1/ai0", s); },
+     {"names:Dev1/ai0:ctx"}, "slots", {"createContext:ctx", "autoCreateTask:context:Dev1/ai0:channels"}, true},
+    {"watchdog", [](Task& t, zqerr_Status* s) { t.setUpWatchdog("Dev1", s); },
+     {"devices:Dev1;ctx"}, "slots", {"createContext:ctx", "createWatchdogTimerTask:context:T:Dev1"}, false},
+    {"platform", [](Task& t, zqerr_Status* s) { t.setUpPlatform("Value", s); },
+     {}, "zqvorexPAL", {"createContext:ctx", "createTask:context:T:Value::2"}, false},
+    {"switch scan list", [](Task& t, zqerr_Status* s) { t.setUpScanlist("Sw/ch0->Sw/com0", s); },
+     {}, "zqvorexPAL", {"createContext:ctx", "createSwitchScanlist:context:T:Sw/ch0->Sw/com0"}, false},
+    {"session", [](Task& t, zqerr_Status* s) { t.setUpGrpc("session", 3, s); },
+     {}, "zqvorexGrpc", {"createContext:ctx", "createTaskForGrpcSession:context:T:session:3"}, false},
 };
 
 class FactorySetUp : public ::testing::Test {
@@ -201,26 +75,21 @@ class FactorySetUp : public ::testing::Test {
     callLog().clear();
     zqtest::clearSlotFailures();
     manager = std::make_shared<zqtest::CountingPluginManager>(makePlugin());
-    selector = std::make_shared<AnsweringSelector>();
-    server = std::make_shared<TargetServer>();
+    selector = std::make_shared<zqtest::AnsweringSelector>();
+    server = std::make_shared<zqtest::FakeDebugServer>();
     task = make("T");
   }
   void TearDown() override { zqtest::clearSlotFailures(); }
 
   std::shared_ptr<Task> make(const std::string& name) {
-    zqvorexRedir::TaskParts parts;
-    parts.context = std::make_shared<zqvorexRedir::Context>("ctx");
-    parts.taskKind = zqvorexRedir::kTaskKindCreated;
-    parts.pluginManager = manager;
-    parts.pluginSelector = selector;
-    parts.debugServerFactory = server;
-    parts.name = name;
-    return std::make_shared<Task>(std::move(parts));
+    using zqvorexRedir::kTaskKindCreated;
+    return zqtest::makeTask(manager, name,
+                            {.taskKind = kTaskKindCreated, .pluginSelector = selector, .debugServerFactory = server});
   }
 
   std::shared_ptr<zqtest::CountingPluginManager> manager;
-  std::shared_ptr<AnsweringSelector> selector;
-  std::shared_ptr<TargetServer> server;
+  std::shared_ptr<zqtest::AnsweringSelector> selector;
+  std::shared_ptr<zqtest::FakeDebugServer> server;
   std::shared_ptr<Task> task;
 };
 
@@ -333,23 +202,20 @@ TEST_F(FactorySetUp, APluginThatCannotMakeTheTaskLeavesTheFailureAndNoDebugTarge
   EXPECT_EQ(server->target, nullptr);
 }
 
-TEST_F(FactorySetUp, ASessionTaskKeepsItsPluginWhenChannelsArrive) {
-  zqerr::Status status;
-  task->setUpGrpc("session", 0, &status);
-  task->createAIVoltageChannel("Other/ai0", "", -1, -10, 10, 10348, "", nullptr, &status);
-  EXPECT_EQ(status.code, 0);
-  EXPECT_TRUE(selector->asked.empty());
-  EXPECT_EQ(callLog().back(), "createAIVoltageChannel:task:Other/ai0");
-  EXPECT_TRUE(task->deviceNames().empty());
-}
-
-TEST_F(FactorySetUp, APlatformTaskTakesNoSelectionForItsChannels) {
-  zqerr::Status status;
-  task->setUpPlatform("", &status);
-  task->createAIVoltageChannel("Other/ai0", "", -1, -10, 10, 10348, "", nullptr, &status);
-  EXPECT_EQ(status.code, 0);
-  EXPECT_TRUE(selector->asked.empty());
-  EXPECT_EQ(manager->requests, 1);
+TEST_F(FactorySetUp, SessionAndPlatformTasksKeepTheirPluginWhenChannelsArrive) {
+  for (const SetUpCase& c : {kSetUps[6], kSetUps[8]}) {
+    SCOPED_TRACE(c.name);
+    task = make("T");
+    manager->requests = 0;
+    zqerr::Status status;
+    c.run(*task, &status);
+    task->createAIVoltageChannel("Other/ai0", "", -1, -10, 10, 10348, "", nullptr, &status);
+    EXPECT_EQ(status.code, 0);
+    EXPECT_TRUE(selector->asked.empty());
+    EXPECT_EQ(manager->requests, 1);
+    EXPECT_EQ(callLog().back(), "createAIVoltageChannel:task:Other/ai0");
+    EXPECT_TRUE(task->deviceNames().empty());
+  }
 }
 
 }  // namespace

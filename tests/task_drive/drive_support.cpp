@@ -123,10 +123,9 @@ bool holdsPluginData(const ReadResult& result, uint32_t channels) {
 DriveSwitches::DriveSwitches() : library_(zqplatform::loadLibrary(kDrivePlugin, 0)) {
   if (!library_) return;
   blockReads_ = symbol<zqtestDrive_testSetBlockReads_fn>(library_, "zqtestDrive_testSetBlockReads");
-  failCode_ = symbol<zqtestDrive_testSetChannelFailCode_fn>(library_, "zqtestDrive_testSetChannelFailCode");
   awaitBlocked_ = symbol<zqtestDrive_testAwaitBlockedReads_fn>(library_, "zqtestDrive_testAwaitBlockedReads");
   counter_ = symbol<zqtestDrive_testCounter_fn>(library_, "zqtestDrive_testCounter");
-  if (!blockReads_ || !failCode_ || !awaitBlocked_) counter_ = nullptr;
+  if (!blockReads_ || !awaitBlocked_) counter_ = nullptr;
 }
 
 DriveSwitches::~DriveSwitches() {

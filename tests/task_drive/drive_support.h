@@ -3,6 +3,9 @@
 // selector, the library's test switches, and its log.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <atomic>
 #include <cstdint>
 #include <memory>
@@ -78,7 +81,6 @@ class DriveSwitches {
   bool loaded() const { return counter_ != nullptr; }
 
   void blockReads(const std::string& taskName, bool on) const { blockReads_(taskName.c_str(), on ? 1 : 0); }
-  void channelFailCode(int32_t code) const { failCode_(code); }
   bool awaitBlockedReads(uint32_t count) const { return awaitBlocked_(count, kHangLimitMs) != 0; }
   int64_t counter(int32_t which) const { return counter_(which); }
 
@@ -87,7 +89,6 @@ class DriveSwitches {
  private:
   void* library_ = nullptr;
   zqtestDrive_testSetBlockReads_fn blockReads_ = nullptr;
-  zqtestDrive_testSetChannelFailCode_fn failCode_ = nullptr;
   zqtestDrive_testAwaitBlockedReads_fn awaitBlocked_ = nullptr;
   zqtestDrive_testCounter_fn counter_ = nullptr;
 };
@@ -101,5 +102,21 @@ class DriveSwitches {
 const std::string& driveLog();
 void clearDriveLog();
 std::vector<std::string> driveLogLines();
+
+inline bool logHas(const std::string& line) {
+  const auto lines = driveLogLines();
+  return std::find(lines.begin(), lines.end(), line) != lines.end();
+}
+
+// The fixture of the tests over zqtestDrive: the store, an empty log, and a real plug-in
+// manager that counts what it is asked.
+class TaskDrive : public testing::Test {
+ protected:
+  void SetUp() override {
+    useDriveStore();
+    clearDriveLog();
+  }
+  std::shared_ptr<CountingManager> manager_ = std::make_shared<CountingManager>();
+};
 
 }  // namespace zqtest

@@ -8,9 +8,8 @@
  *   "load", "createContext <context>", "createTask <task>", "destroyTask <task>",
  *   "destroyContext <context>", "unload" (the last from the library's own exit).
  * - createAIVoltageChannel adds one channel per entry of the physical channel list; an entry
- *   whose channel part is "fail" makes it report the channel fail code (default
- *   zqtestDrive_kChannelFailCode) after adding the entries before it, as a device that fails
- *   half way would, so that rollbackFailedChannelCreations has something to take back.
+ *   whose channel part is "fail" makes it report zqtestDrive_kChannelFailCode after adding the
+ *   entries before it, as a device that fails half way would.
  * - readScaledVectorF64 fills every channel with zqtestDrive_sample(channel, sample). When reads
  *   block for the task (a switch, by task name), it waits inside the plug-in until abortTask is
  *   called on that task, then reports zqtestDrive_kReadAbortedCode.
@@ -31,7 +30,7 @@ extern "C" {
 
 /* What a read that abortTask interrupted reports: the driver's "operation aborted". */
 #define zqtestDrive_kReadAbortedCode (-88710)
-/* What a channel creation with a "fail" channel reports unless a test chose another code. */
+/* What a channel creation with a "fail" channel reports. */
 #define zqtestDrive_kChannelFailCode (-200170)
 /* An unknown event token given to unregisterEvent, an unknown channel. */
 #define zqtestDrive_kUnknownTokenCode (-200985)
@@ -62,8 +61,6 @@ enum {
 
 /* Reads of the task named `taskName` block until aborted (on != 0) or return at once. */
 typedef void (*zqtestDrive_testSetBlockReads_fn)(const char* taskName, int32_t on);
-/* The code a failing channel creation reports. */
-typedef void (*zqtestDrive_testSetChannelFailCode_fn)(int32_t code);
 /* Waits until at least `count` reads are blocked in the plug-in; gives 0 when `limitMs` passes
  * first (a guard against a hang, not a measure of time). */
 typedef int32_t (*zqtestDrive_testAwaitBlockedReads_fn)(uint32_t count, uint32_t limitMs);

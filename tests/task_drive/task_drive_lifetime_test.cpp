@@ -1,14 +1,14 @@
 // The redirected task over the plug-in library zqtestDrive, in the parts that concern time and
-// ownership: an abort that overtakes a read blocked in the plug-in, event tokens, and the
-// order in which plug-in objects and the library go.
+// ownership: an abort that overtakes a read blocked in the plug-in, and the order in which
+// plug-in objects and the library go. Event tokens are proven over plug-in slots in tests/task,
+// the plug-in's references on event objects end to end in tests/lifecycle.
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <chrono>
 #include <future>
 #include <vector>
 
-#include "task_drive_fixture.h"
+#include "drive_support.h"
 
 namespace {
 
@@ -16,7 +16,6 @@ using zqtest::CountingManager;
 using zqtest::DriveSwitches;
 using zqtest::logHas;
 using zqtest::TaskDrive;
-using zqvorexRedir::Task;
 
 TEST_F(TaskDrive, AnAbortOvertakesAReadBlockedInThePlugin) {
   DriveSwitches drive;
@@ -48,66 +47,6 @@ TEST_F(TaskDrive, AnAbortOvertakesAReadBlockedInThePlugin) {
 
   drive.blockReads("Blocked", false);
   EXPECT_TRUE(zqtest::holdsPluginData(zqtest::readF64(*task, 4, 16), 1));
-}
-
-// What a plug-in event registration hands out, and what the task keeps of it.
-struct EventCase {
-  const char* what;
-  int32_t eventId;
-  zqvorexPlugin_EventToken (*registerOn)(Task& task, zqerr_Status* status);
-};
-
-// An event object that the plug-in holds and never fires here: it counts the references the
-// plug-in takes and gives back.
-std::atomic<int> eventReferences{0};
-uint32_t addReference(zqgopher_IEventBase*) { return static_cast<uint32_t>(++eventReferences); }
-uint32_t releaseReference(zqgopher_IEventBase*) { return static_cast<uint32_t>(--eventReferences); }
-const zqgopher_IEventBaseTable kCountingTable{&addReference, &releaseReference, nullptr, nullptr, nullptr, nullptr};
-zqgopher_IEventBase eventObject{&kCountingTable};
-
-const EventCase kEventCases[] = {
-    {"done", 12576,
-     [](Task& task, zqerr_Status* status) {
-       return task.registerDoneEvent(false, reinterpret_cast<zqgopher_IEventDone*>(&eventObject), status);
-     }},
-    {"every N samples", 12580,
-     [](Task& task, zqerr_Status* status) {
-       return task.registerEveryNSamplesEvent(
-           12580, 100, false, reinterpret_cast<zqgopher_IEventEveryNSamples*>(&eventObject), status);
-     }},
-    {"signal", 12575,
-     [](Task& task, zqerr_Status* status) {
-       return task.registerSignalEvent(10, false, reinterpret_cast<zqgopher_IEventSignal*>(&eventObject),
-                                       status);
-     }},
-};
-
-TEST_F(TaskDrive, EventTokensComeFromThePluginAndGoBackToIt) {
-  DriveSwitches drive;
-  ASSERT_TRUE(drive.loaded());
-  const int64_t unregisteredBefore = drive.counter(zqtestDrive_eventsUnregistered);
-  for (const char* name : {"EventsA", "EventsB"}) {
-    auto task = zqtest::makeDriveTask(manager_, name);
-    ASSERT_EQ(zqtest::addChannel(*task, "Dev3/ai0"), 0);
-    zqvorexPlugin_EventToken expected = 1;  // the plug-in counts per task
-    for (const EventCase& c : kEventCases) {
-      zqerr::Status status;
-      const zqvorexPlugin_EventToken token = c.registerOn(*task, &status);
-      EXPECT_EQ(status.code, 0) << c.what;
-      EXPECT_EQ(token, expected) << c.what;
-      EXPECT_EQ(task->getEvents(c.eventId, &status), zqvorexRedir::EventTokens{token}) << c.what;
-      ++expected;
-    }
-    zqerr::Status status;
-    task->unregisterEvent(2, &status);
-    EXPECT_EQ(status.code, 0);
-    EXPECT_TRUE(task->getEvents(12580, &status).empty());
-    task->unregisterEvent(2, &status);
-    EXPECT_EQ(status.code, zqtestDrive_kUnknownTokenCode) << "the plug-in no longer knows the token";
-    EXPECT_EQ(eventReferences.load(), 2) << "the plug-in holds the two objects still registered";
-  }
-  EXPECT_EQ(drive.counter(zqtestDrive_eventsUnregistered), unregisteredBefore + 2);
-  EXPECT_EQ(eventReferences.load(), 0) << "the plug-in let go of every object with its task";
 }
 
 // The plug-in task goes before its context, and the library unloads only when neither the

@@ -2,7 +2,6 @@
 // devices and physical channels after a rollback comes from here.
 #include <algorithm>
 #include <set>
-#include <type_traits>
 
 #include "drive_state.h"
 #include "native_export.h"
@@ -63,7 +62,7 @@ ZQ_NATIVE_EXPORT void zqtestDrive_createAIVoltageChannel(
   for (size_t i = 0; i < entries.size(); ++i) {
     // A device that fails half way keeps what it made before: rollback takes that back.
     if (channelPart(entries[i]) == "fail") {
-      fail(status, channelFailCode());
+      fail(status, zqtestDrive_kChannelFailCode);
       return;
     }
     Channel channel{i < names.size() ? names[i] : entries[i], entries[i]};
@@ -169,16 +168,10 @@ ZQ_NATIVE_EXPORT void zqtestDrive_setTaskAttributeI32(zqvorexPlugin_Task_undefin
 
 }  // extern "C"
 
-static_assert(
-    std::is_same_v<decltype(&zqtestDrive_createAIVoltageChannel), zqvorexPlugin_createAIVoltageChannel_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_addChannelsToTask), zqvorexPlugin_addChannelsToTask_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_rollbackFailedChannelCreations),
-                             zqvorexPlugin_rollbackFailedChannelCreations_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_getTaskAttributeStringVtr),
-                             zqvorexPlugin_getTaskAttributeStringVtr_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_getChannelAttributeString),
-                             zqvorexPlugin_getChannelAttributeString_fn>);
-static_assert(
-    std::is_same_v<decltype(&zqtestDrive_getTaskAttributeI32), zqvorexPlugin_getTaskAttributeI32_fn>);
-static_assert(
-    std::is_same_v<decltype(&zqtestDrive_setTaskAttributeI32), zqvorexPlugin_setTaskAttributeI32_fn>);
+ZQTEST_DRIVE_OPERATION(createAIVoltageChannel);
+ZQTEST_DRIVE_OPERATION(addChannelsToTask);
+ZQTEST_DRIVE_OPERATION(rollbackFailedChannelCreations);
+ZQTEST_DRIVE_OPERATION(getTaskAttributeStringVtr);
+ZQTEST_DRIVE_OPERATION(getChannelAttributeString);
+ZQTEST_DRIVE_OPERATION(getTaskAttributeI32);
+ZQTEST_DRIVE_OPERATION(setTaskAttributeI32);

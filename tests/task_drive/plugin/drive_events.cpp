@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <atomic>
 #include <thread>
-#include <type_traits>
 
 #include "drive_state.h"
 #include "native_export.h"
@@ -168,14 +167,12 @@ ZQ_NATIVE_EXPORT void* zqtestDrive_testTakeEvent(const char* taskName, int32_t e
 
 }  // extern "C"
 
-static_assert(std::is_same_v<decltype(&zqtestDrive_testFireStorm), zqtestDrive_testFireStorm_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_testTakeEvent), zqtestDrive_testTakeEvent_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_registerDoneEvent), zqvorexPlugin_registerDoneEvent_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_registerEveryNSamplesEvent),
-                             zqvorexPlugin_registerEveryNSamplesEvent_fn>);
-static_assert(
-    std::is_same_v<decltype(&zqtestDrive_registerSignalEvent), zqvorexPlugin_registerSignalEvent_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_unregisterEvent), zqvorexPlugin_unregisterEvent_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_controlTask), zqvorexPlugin_controlTask_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_waitUntilTaskDone), zqvorexPlugin_waitUntilTaskDone_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_testFire), zqtestDrive_testFire_fn>);
+ZQTEST_DRIVE_SWITCH(testFireStorm);
+ZQTEST_DRIVE_SWITCH(testTakeEvent);
+ZQTEST_DRIVE_OPERATION(registerDoneEvent);
+ZQTEST_DRIVE_OPERATION(registerEveryNSamplesEvent);
+ZQTEST_DRIVE_OPERATION(registerSignalEvent);
+ZQTEST_DRIVE_OPERATION(unregisterEvent);
+ZQTEST_DRIVE_OPERATION(controlTask);
+ZQTEST_DRIVE_OPERATION(waitUntilTaskDone);
+ZQTEST_DRIVE_SWITCH(testFire);

@@ -1,8 +1,6 @@
 // Reads and abort of zqtestDrive. A blocking read waits on the task's condition with
 // the task's mutex released, so that abortTask, which may come while the read is in progress,
 // gets in and ends it.
-#include <type_traits>
-
 #include "drive_state.h"
 #include "native_export.h"
 
@@ -76,7 +74,6 @@ ZQ_NATIVE_EXPORT void zqtestDrive_testEndBlockedReads(const char* taskName) {
 
 }  // extern "C"
 
-static_assert(
-    std::is_same_v<decltype(&zqtestDrive_readScaledVectorF64), zqvorexPlugin_readScaledVectorF64_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_abortTask), zqvorexPlugin_abortTask_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_testEndBlockedReads), zqtestDrive_testEndBlockedReads_fn>);
+ZQTEST_DRIVE_OPERATION(readScaledVectorF64);
+ZQTEST_DRIVE_OPERATION(abortTask);
+ZQTEST_DRIVE_SWITCH(testEndBlockedReads);

@@ -2,7 +2,6 @@
 // and lists each channel in a section of its own, which is all the plug-in keeps of a channel.
 #include <sstream>
 #include <string>
-#include <type_traits>
 
 #include "drive_state.h"
 #include "native_export.h"
@@ -82,5 +81,5 @@ ZQ_NATIVE_EXPORT zqvorexPlugin_Task_undefined* zqtestDrive_createTaskFromString(
 
 }  // extern "C"
 
-static_assert(std::is_same_v<decltype(&zqtestDrive_saveTaskToString), zqvorexPlugin_saveTaskToString_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_createTaskFromString), zqvorexPlugin_createTaskFromString_fn>);
+ZQTEST_DRIVE_OPERATION(saveTaskToString);
+ZQTEST_DRIVE_OPERATION(createTaskFromString);

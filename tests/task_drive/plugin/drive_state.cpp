@@ -21,7 +21,6 @@ struct Switches {
   std::condition_variable changed;
   std::set<std::string> blockingTasks;
   uint32_t blockedReads = 0;
-  std::atomic<int32_t> failCode{zqtestDrive_kChannelFailCode};
   std::array<std::atomic<int64_t>, zqtestDrive_counterCount> counters{};
 };
 Switches switches;
@@ -94,8 +93,6 @@ std::vector<DriveEvent> takeEvents(const std::string& taskName, int32_t eventId,
   return taken;
 }
 
-int32_t channelFailCode() { return switches.failCode.load(); }
-void setChannelFailCode(int32_t code) { switches.failCode.store(code); }
 
 bool readsBlockFor(const std::string& taskName) {
   std::lock_guard<std::mutex> guard(switches.mutex);

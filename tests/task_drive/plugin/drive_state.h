@@ -8,10 +8,15 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "drive_switches.h"
 #include "zqvorex_plugin.h"
+
+// Fail the build when an export's type differs from the plug-in table's or the switch's.
+#define ZQTEST_DRIVE_OPERATION(op) static_assert(std::is_same_v<decltype(&zqtestDrive_##op), zqvorexPlugin_##op##_fn>)
+#define ZQTEST_DRIVE_SWITCH(name) static_assert(std::is_same_v<decltype(&zqtestDrive_##name), zqtestDrive_##name##_fn>)
 
 namespace zqtestdrive {
 
@@ -68,8 +73,6 @@ void releaseEvent(const DriveEvent& event);
 // Fires `event` `count` times (done: once, with `code`).
 void fireEvent(const DriveEvent& event, uint32_t count, int32_t code);
 
-int32_t channelFailCode();
-void setChannelFailCode(int32_t code);
 bool readsBlockFor(const std::string& taskName);
 void setBlockReads(const std::string& taskName, bool on);
 // The gauge of reads waiting for an abort.

@@ -1,6 +1,4 @@
 // The test-only exports of zqtestDrive; drive_switches.h tells what each does.
-#include <type_traits>
-
 #include "drive_state.h"
 #include "native_export.h"
 
@@ -12,8 +10,6 @@ ZQ_NATIVE_EXPORT void zqtestDrive_testSetBlockReads(const char* taskName, int32_
   setBlockReads(taskName ? taskName : "", on != 0);
 }
 
-ZQ_NATIVE_EXPORT void zqtestDrive_testSetChannelFailCode(int32_t code) { setChannelFailCode(code); }
-
 ZQ_NATIVE_EXPORT int32_t zqtestDrive_testAwaitBlockedReads(uint32_t count, uint32_t limitMs) {
   return awaitBlockedReads(count, limitMs) ? 1 : 0;
 }
@@ -22,9 +18,6 @@ ZQ_NATIVE_EXPORT int64_t zqtestDrive_testCounter(int32_t counter) { return count
 
 }  // extern "C"
 
-static_assert(std::is_same_v<decltype(&zqtestDrive_testSetBlockReads), zqtestDrive_testSetBlockReads_fn>);
-static_assert(
-    std::is_same_v<decltype(&zqtestDrive_testSetChannelFailCode), zqtestDrive_testSetChannelFailCode_fn>);
-static_assert(
-    std::is_same_v<decltype(&zqtestDrive_testAwaitBlockedReads), zqtestDrive_testAwaitBlockedReads_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_testCounter), zqtestDrive_testCounter_fn>);
+ZQTEST_DRIVE_SWITCH(testSetBlockReads);
+ZQTEST_DRIVE_SWITCH(testAwaitBlockedReads);
+ZQTEST_DRIVE_SWITCH(testCounter);

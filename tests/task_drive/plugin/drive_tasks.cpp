@@ -1,7 +1,5 @@
 // Contexts and tasks of zqtestDrive: plain records, counted while they live and logged when
 // they end, so that a test sees which goes first.
-#include <type_traits>
-
 #include "drive_state.h"
 #include "native_export.h"
 
@@ -53,8 +51,8 @@ ZQ_NATIVE_EXPORT uint32_t zqtestDrive_isTaskDone(zqvorexPlugin_Task_undefined*, 
 
 }  // extern "C"
 
-static_assert(std::is_same_v<decltype(&zqtestDrive_createContext), zqvorexPlugin_createContext_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_destroyContext), zqvorexPlugin_destroyContext_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_createTask), zqvorexPlugin_createTask_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_destroyTask), zqvorexPlugin_destroyTask_fn>);
-static_assert(std::is_same_v<decltype(&zqtestDrive_isTaskDone), zqvorexPlugin_isTaskDone_fn>);
+ZQTEST_DRIVE_OPERATION(createContext);
+ZQTEST_DRIVE_OPERATION(destroyContext);
+ZQTEST_DRIVE_OPERATION(createTask);
+ZQTEST_DRIVE_OPERATION(destroyTask);
+ZQTEST_DRIVE_OPERATION(isTaskDone);
