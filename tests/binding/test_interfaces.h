@@ -7,6 +7,7 @@
 #include <string>
 
 #include "status/status.h"
+#include "zqvorex_status_codes.h"
 
 namespace zqtest {
 
@@ -78,6 +79,6 @@ class Recorder final : public RecorderInterface {
 };
 
 // What an unbound forwarder of the recorder reports.
-inline constexpr int32_t kRecorderUnbound = -209876;
+inline constexpr int32_t kRecorderUnbound = nZQMSTS::kErrorFunctionNotSupportedForDevice;
 
 }  // namespace zqtest

@@ -11,31 +11,22 @@
 
 #include "fake_plugin.h"
 #include "operation_list.h"
+#include "report_query.h"
 #include "status/report_reader.h"
 #include "status/status.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
 using zqvorexRedir::Plugin;
 
-constexpr int32_t kNotSupported = -209876;
-
-std::string stringAt(const char* object, const char* key) {
-  const char* value = object ? zqerr::json::findKey(object, key) : nullptr;
-  zqerr::json::ParsedValue parsed;
-  std::string text;
-  if (!value || !zqerr::json::parseValue(value, &parsed) || parsed.type != zqerr::json::kString ||
-      !zqerr::json::decodeString(parsed.begin + 1, parsed.length - 2, &text))
-    return "<absent>";
-  return text;
-}
+constexpr int32_t kNotSupported = nZQMSTS::kErrorFunctionNotSupportedForDevice;
 
 // The report of an unbound operation, as "constant|debug|symbol".
 std::string unboundReport(const zqerr_Status& status) {
-  if (!status.report) return "<no report>";
-  const char* debug = zqerr::json::findKey(status.report, "zqdynlib_debug");
-  return stringAt(status.report, "error_constant") + "|" + stringAt(debug, "debug") + "|" +
-         stringAt(debug, "zqdynlib_symbol");
+  using zqtest::reportAt;
+  return reportAt(status.report, {"error_constant"}) + "|" + reportAt(status.report, {"zqdynlib_debug", "debug"}) +
+         "|" + reportAt(status.report, {"zqdynlib_debug", "zqdynlib_symbol"});
 }
 
 std::string expectedReport(const std::string& op) {
@@ -91,27 +82,20 @@ TEST(PluginTable, EveryUnboundOperationIsNotSupportedUnderItsOwnName) {
   }
 }
 
-TEST(PluginTable, UnboundOperationWithoutStatusReportsNothing) {
+// Without a status nothing is reported; an earlier error stays; a warning gives way.
+TEST(PluginTable, UnboundOperationFollowsTheStatusOnEntry) {
   Plugin plugin;
   for (const Operation& op : everyOperation()) EXPECT_TRUE(op.call(plugin, nullptr)) << op.name;
-}
-
-TEST(PluginTable, UnboundOperationKeepsAnEarlierError) {
-  Plugin plugin;
-  zqerr::Status status;
-  ZQ_TEST_FAIL(&status, -200088, "task", 12);
-  plugin.abortTask(nullptr, &status);
-  EXPECT_EQ(status.code, -200088);
-  EXPECT_EQ(zqerr::json::findKey(status.report, "zqdynlib_debug"), nullptr);
-}
-
-TEST(PluginTable, UnboundOperationReplacesAWarning) {
-  Plugin plugin;
-  zqerr::Status status;
-  ZQ_TEST_FAIL(&status, 200010, "task", 12);
-  plugin.createContext("ctx", &status);
-  EXPECT_EQ(status.code, kNotSupported);
-  EXPECT_EQ(unboundReport(status), expectedReport("createContext"));
+  zqerr::Status failed;
+  ZQ_TEST_FAIL(&failed, -200088, "task", 12);
+  plugin.abortTask(nullptr, &failed);
+  EXPECT_EQ(failed.code, -200088);
+  EXPECT_EQ(zqerr::json::findKey(failed.report, "zqdynlib_debug"), nullptr);
+  zqerr::Status warned;
+  ZQ_TEST_FAIL(&warned, 200010, "task", 12);
+  plugin.createContext("ctx", &warned);
+  EXPECT_EQ(warned.code, kNotSupported);
+  EXPECT_EQ(unboundReport(warned), expectedReport("createContext"));
 }
 
 // Filling one slot makes exactly the test of that name answer true.
@@ -239,25 +223,19 @@ const BoundCase kBoundCases[] = {
 
 class BoundOperation : public testing::TestWithParam<BoundCase> {};
 
+// Called once with a status and once without: the plug-in gets the status as it is.
 TEST_P(BoundOperation, IsCalledWithItsArgumentsAndItsResultReturned) {
   Plugin plugin;
   bindFakes(&plugin);
   zqerr::Status status;
-  fake_last = {};
-  GetParam().callAndCheck(plugin, &status);
-  EXPECT_STREQ(fake_last.op, GetParam().op);
-  EXPECT_EQ(fake_last.status, &status);
+  for (zqerr_Status* given : {static_cast<zqerr_Status*>(&status), static_cast<zqerr_Status*>(nullptr)}) {
+    fake_last = {};
+    fake_last.status = reinterpret_cast<zqerr_Status*>(&fake_last);
+    GetParam().callAndCheck(plugin, given);
+    EXPECT_STREQ(fake_last.op, GetParam().op);
+    EXPECT_EQ(fake_last.status, given);
+  }
   EXPECT_EQ(status.code, 0);
-}
-
-TEST_P(BoundOperation, GetsANullStatusAsItIs) {
-  Plugin plugin;
-  bindFakes(&plugin);
-  fake_last = {};
-  fake_last.status = reinterpret_cast<zqerr_Status*>(&fake_last);
-  GetParam().callAndCheck(plugin, nullptr);
-  EXPECT_STREQ(fake_last.op, GetParam().op);
-  EXPECT_EQ(fake_last.status, nullptr);
 }
 
 INSTANTIATE_TEST_SUITE_P(Fakes, BoundOperation, testing::ValuesIn(kBoundCases),

@@ -182,21 +182,21 @@ void makeStore(const std::string&) {
 
 TEST(StorageDurability, UnusableStoreFileGivesAClearStatus) {
   const std::vector<BadStore> cases = {
-      {"text file", [](const std::string& p) { writeFile(p, std::string(4096, 'x')); }, -52006, "not a store or is damaged"},
+      {"text file", [](const std::string& p) { writeFile(p, std::string(4096, 'x')); }, zqapalerr_resourceNotFound, "not a store or is damaged"},
       {"database of another program",
        [](const std::string& p) {
          makeStore(p);
          patchHeader(p, 68, 0x12345678);  // the application id
        },
-       -52006, "another program"},
+       zqapalerr_resourceNotFound, "another program"},
       {"store of a newer version",
        [](const std::string& p) {
          makeStore(p);
          patchHeader(p, 60, 99);  // the schema version
        },
-       -52002, "newer version"},
+       zqapalerr_featureUnsupported, "newer version"},
       {"folder that does not exist", [](const std::string&) { setEnvironment("ZQCAI_STORAGE_FILE", "storage_tmp/no/such/x.db"); },
-       -52006, "cannot be opened"},
+       zqapalerr_resourceNotFound, "cannot be opened"},
   };
   for (const BadStore& bad : cases) {
     SCOPED_TRACE(bad.name);
@@ -207,8 +207,8 @@ TEST(StorageDurability, UnusableStoreFileGivesAClearStatus) {
     EXPECT_EQ(session, 0u);
     EXPECT_EQ(status.code, bad.code);
     EXPECT_TRUE(reportWellFormed(status));
-    EXPECT_EQ(reportText(status, "component"), "zqvorexStorage");
-    EXPECT_NE(reportText(status, "debug.desc").find(bad.descFragment), std::string::npos) << status.report;
+    EXPECT_EQ(reportAt(status.report, {"component"}), "zqvorexStorage");
+    EXPECT_NE(reportAt(status.report, {"zqvorexStorage_debug", "desc"}).find(bad.descFragment), std::string::npos) << status.report;
   }
 }
 
@@ -221,8 +221,8 @@ TEST(StorageDurability, StatusFollowsTheReplacementRule) {
     bool reported;
   };
   const std::vector<Case> cases = {
-      {"clean status takes the error", 0, -52002, true},
-      {"a warning gives way to the error", 4242, -52002, true},
+      {"clean status takes the error", 0, zqapalerr_featureUnsupported, true},
+      {"a warning gives way to the error", 4242, zqapalerr_featureUnsupported, true},
       {"an error on entry stops the call", -1, -1, false},
   };
   for (const Case& c : cases) {
@@ -233,7 +233,7 @@ TEST(StorageDurability, StatusFollowsTheReplacementRule) {
     EXPECT_EQ(status.code, c.after);
     EXPECT_EQ(status.report != nullptr, c.reported);
     if (c.reported) {
-      EXPECT_EQ(reportText(status, "error_constant"), "zqapalerr_featureUnsupported");
+      EXPECT_EQ(reportAt(status.report, {"error_constant"}), "zqapalerr_featureUnsupported");
     }
   }
 }

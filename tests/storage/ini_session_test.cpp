@@ -102,19 +102,19 @@ TEST(IniSessions, TextNotOfTheFormIsRefusedWithItsLine) {
     const char* line;
   };
   const std::vector<Case> cases = {
-      {"line without '='", "[task A]\nchannels\n", -52005, "2"},
-      {"unknown section", "\n\n[scale S]\n", -52005, "3"},
-      {"unknown key", "[task A]\nspeed = 3\n", -52005, "2"},
-      {"key twice", "[task A]\nauthor = a\nauthor = b\n", -52005, "3"},
-      {"bad boolean", "[task A]\nverified = maybe\n", -52005, "2"},
-      {"open quote", "[task A]\nauthor = \"ann\n", -52005, "2"},
-      {"bad hex block", "[task A]\nread_attributes = hex:0g\n", -52005, "2"},
-      {"key before a section", "author = a\n", -52005, "1"},
-      {"section without a name", "[task]\n", -52005, "1"},
-      {"task defined twice", "[task A]\n[task a]\n", -52005, "2"},
-      {"channel of a task the text lacks", "[task A]\n[channel c]\ntask = B\n", -52005, "2"},
-      {"type out of range", "[channel c]\ntype = 4294967296\n", -52005, "2"},
-      {"newer version", "[zqvorex]\nversion = 2\n", -52002, ""},
+      {"line without '='", "[task A]\nchannels\n", zqapalerr_invalidParameter, "2"},
+      {"unknown section", "\n\n[scale S]\n", zqapalerr_invalidParameter, "3"},
+      {"unknown key", "[task A]\nspeed = 3\n", zqapalerr_invalidParameter, "2"},
+      {"key twice", "[task A]\nauthor = a\nauthor = b\n", zqapalerr_invalidParameter, "3"},
+      {"bad boolean", "[task A]\nverified = maybe\n", zqapalerr_invalidParameter, "2"},
+      {"open quote", "[task A]\nauthor = \"ann\n", zqapalerr_invalidParameter, "2"},
+      {"bad hex block", "[task A]\nread_attributes = hex:0g\n", zqapalerr_invalidParameter, "2"},
+      {"key before a section", "author = a\n", zqapalerr_invalidParameter, "1"},
+      {"section without a name", "[task]\n", zqapalerr_invalidParameter, "1"},
+      {"task defined twice", "[task A]\n[task a]\n", zqapalerr_invalidParameter, "2"},
+      {"channel of a task the text lacks", "[task A]\n[channel c]\ntask = B\n", zqapalerr_invalidParameter, "2"},
+      {"type out of range", "[channel c]\ntype = 4294967296\n", zqapalerr_invalidParameter, "2"},
+      {"newer version", "[zqvorex]\nversion = 2\n", zqapalerr_featureUnsupported, kAbsent},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
@@ -122,7 +122,7 @@ TEST(IniSessions, TextNotOfTheFormIsRefusedWithItsLine) {
     EXPECT_EQ(api().getSessionFromConfigString(c.text, 0, &status), 0u);
     EXPECT_EQ(status.code, c.code);
     EXPECT_TRUE(reportWellFormed(status));
-    EXPECT_EQ(reportText(status, "debug.line"), c.line) << status.report;
+    EXPECT_EQ(reportAt(status.report, {"zqvorexStorage_debug", "line"}), c.line) << status.report;
   }
 }
 
@@ -155,7 +155,7 @@ TEST(IniSessions, MemoryStoresAreSharedBetweenSessionsOfOneProcess) {
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
   zqerr::Status unknown;
   EXPECT_EQ(api().getSession("memory:999999", &unknown), 0u);
-  EXPECT_EQ(unknown.code, -52006);
+  EXPECT_EQ(unknown.code, zqapalerr_resourceNotFound);
 }
 
 }  // namespace

@@ -158,14 +158,14 @@ TEST(StorageSpecifications, NamesAreKeptUniqueAndDeletionsNeedAnObject) {
   };
   const std::vector<SpecWrite> cases = {
       {"add a new task", addTask("U"), 0},
-      {"add a task under a name in use", addTask("T"), -200089},
-      {"add it in another case", addTask("t"), -200089},
-      {"add a channel in use", putChannel("c", "T", true), -52005},
+      {"add a task under a name in use", addTask("T"), zqvorexStorage_errorDuplicateTask},
+      {"add it in another case", addTask("t"), zqvorexStorage_errorDuplicateTask},
+      {"add a channel in use", putChannel("c", "T", true), zqapalerr_invalidParameter},
       {"set a channel in use", putChannel("c", "T", false), 0},
       {"same name, other task", putChannel("g", "T", true), 0},
-      {"channel of an unsaved task", putChannel("c", "Nope", false), -200485},
-      {"delete an unknown task", [](uint64_t t, zqerr_Status* s) { api().deleteTask(t, "Nope", s); }, -200485},
-      {"delete an unknown global channel", [](uint64_t t, zqerr_Status* s) { api().deleteChannelByName(t, "c", s); }, -200488},
+      {"channel of an unsaved task", putChannel("c", "Nope", false), zqvorexStorage_errorTaskNotFound},
+      {"delete an unknown task", [](uint64_t t, zqerr_Status* s) { api().deleteTask(t, "Nope", s); }, zqvorexStorage_errorTaskNotFound},
+      {"delete an unknown global channel", [](uint64_t t, zqerr_Status* s) { api().deleteChannelByName(t, "c", s); }, zqvorexStorage_errorChannelNotFound},
       {"delete a task's channel", [](uint64_t t, zqerr_Status* s) { api().deleteChannelByTaskAndChan(t, "T", "c", s); }, 0},
   };
   for (const SpecWrite& c : cases) {
@@ -189,8 +189,8 @@ TEST(StorageSpecifications, AReadLockCannotWrite) {
   SessionScope session("127.0.0.1", &status);
   LockScope read(session.id, LockScope::kRead, &status);
   addDevice(read.id, "Dev", 1, &status);
-  EXPECT_EQ(status.code, -52005);
-  EXPECT_NE(reportText(status, "debug.desc").find("read lock"), std::string::npos);
+  EXPECT_EQ(status.code, zqapalerr_invalidParameter);
+  EXPECT_NE(reportAt(status.report, {"zqvorexStorage_debug", "desc"}).find("read lock"), std::string::npos);
 }
 
 TEST(StorageSpecifications, SavedTasksAndChannelsAreObjectsOfTheStore) {
