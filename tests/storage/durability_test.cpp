@@ -25,7 +25,7 @@ TEST(StorageDurability, SavedTaskSurvivesClosingAndReopeningTheStore) {
     api().ChannelTaskSpecification_setAuthor(definition, "ann", &status);
     const std::vector<std::string> channels{"Voltage_0", "SharedTemp"};
     const std::vector<std::string> globals{"", "SharedTemp"};
-    api().ChannelTaskSpecification_setChannelDataList(definition, NamesIn(channels).get(), NamesIn(globals).get(), &status);
+    api().ChannelTaskSpecification_setChannelDataList(definition, NamesIn(channels).boundary(), NamesIn(globals).boundary(), &status);
     api().ChannelTaskSpecification_setTimingAttributeDataBlock(definition, timing.data(), timing.size(), &status);
     LockScope token(session.id, LockScope::kSpecWrite, &status);
     api().addTask(token.id, definition, &status);

@@ -2,6 +2,7 @@
 // names follow their rules, and the objects of the store show what was saved.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <functional>
 
 #include "scopes.h"
@@ -15,10 +16,10 @@ uint64_t fullChannel(const char* name, const char* task, zqerr_Status* status) {
   const uint64_t definition = api().createChannelSpecification(status);
   api().ChannelSpecification_setName(definition, name, status);
   api().ChannelSpecification_setParentTaskName(definition, task, status);
-  api().ChannelSpecification_setScaleNameList(definition, NamesIn({"Scale A", "Scale, B"}).get(), status);
+  api().ChannelSpecification_setScaleNameList(definition, NamesIn({"Scale A", "Scale, B"}).boundary(), status);
   api().ChannelSpecification_setCustomScaleName(definition, "Custom", status);
   api().ChannelSpecification_setEndpointDeviceIdentifier(definition, "SimDev1", status);
-  api().ChannelSpecification_setPhysicalChannelNameList(definition, NamesIn({"SimDev1/ai0", "SimDev1/ai1"}).get(), status);
+  api().ChannelSpecification_setPhysicalChannelNameList(definition, NamesIn({"SimDev1/ai0", "SimDev1/ai1"}).boundary(), status);
   const uint32_t products[] = {0x7155, 7};
   const zqgopher_ArrayView productView{products, 2};
   api().ChannelSpecification_setProductIDList(definition, &productView, status);
@@ -28,9 +29,9 @@ uint64_t fullChannel(const char* name, const char* task, zqerr_Status* status) {
   const char block[] = {1, 0, 2, '\n', 3};
   api().ChannelSpecification_setChannelAttributeDataBlock(definition, block, sizeof block, status);
   api().ChannelSpecification_setBufferAttributeDataBlock(definition, "buffer=4096", 11, status);
-  api().ChannelSpecification_setChannelDependencyList(definition, NamesIn({"dep1"}).get(), status);
-  api().ChannelSpecification_setExpertLoadedChannelDependencyList(definition, NamesIn({"x1", "x2"}).get(), status);
-  api().ChannelSpecification_setChannelNameTable(definition, NamesIn({"n0", "n1"}).get(), status);
+  api().ChannelSpecification_setChannelDependencyList(definition, NamesIn({"dep1"}).boundary(), status);
+  api().ChannelSpecification_setExpertLoadedChannelDependencyList(definition, NamesIn({"x1", "x2"}).boundary(), status);
+  api().ChannelSpecification_setChannelNameTable(definition, NamesIn({"n0", "n1"}).boundary(), status);
   api().ChannelSpecification_setAuthor(definition, "bo", status);
   api().ChannelSpecification_setQexLockStatus(definition, true, status);
   api().ChannelSpecification_setQexDeleteStatus(definition, true, status);
@@ -59,9 +60,9 @@ std::string describeChannel(uint64_t definition, zqerr_Status* status) {
   text(api().ChannelSpecification_getCustomScaleName);
   text(api().ChannelSpecification_getEndpointDeviceIdentifier);
   names(api().ChannelSpecification_getPhysicalChannelNameList);
-  U32sOut products;
+  NumbersOut products;
   api().ChannelSpecification_getProductIDList(definition, products.get(), status);
-  for (uint32_t p : products.items) out += std::to_string(p) + ",";
+  for (int32_t p : products.items) out += std::to_string(p) + ",";
   flag(api().ChannelSpecification_isGlobal);
   flag(api().ChannelSpecification_wasVerified);
   out += std::to_string(api().ChannelSpecification_getChannelType(definition, status));
@@ -80,7 +81,7 @@ std::string describeChannel(uint64_t definition, zqerr_Status* status) {
 uint64_t taskNamed(const char* name, std::vector<std::string> channels, zqerr_Status* status) {
   const uint64_t definition = api().createTaskSpecification(status);
   api().ChannelTaskSpecification_setName(definition, name, status);
-  api().ChannelTaskSpecification_setChannelDataList(definition, NamesIn(channels).get(), nullptr, status);
+  api().ChannelTaskSpecification_setChannelDataList(definition, NamesIn(channels).boundary(), nullptr, status);
   return definition;
 }
 
@@ -228,7 +229,7 @@ TEST(StorageSpecifications, SavedTasksAndChannelsAreObjectsOfTheStore) {
   EXPECT_TRUE(api().persistedChannelBlobPresent(lock.id, &children.items[0], &status));
   zqvorexStorage_ObjectID parent{};
   EXPECT_TRUE(api().getObjectParent(lock.id, &children.items[0], &parent, &status));
-  EXPECT_TRUE(parent == sorted.items[0]);
+  EXPECT_EQ(std::memcmp(parent.bytes, sorted.items[0].bytes, sizeof parent.bytes), 0);
   NamesOut local;
   api().appendLocalChannelNames(lock.id, "Alpha", local.get(), &status);
   EXPECT_EQ(local.items, std::vector<std::string>{"ai0"});
