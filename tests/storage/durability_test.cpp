@@ -1,5 +1,5 @@
 // What is saved stays saved: across sessions, against a second process writing at the same
-// time, and what was not saved does not appear. A damaged or foreign store file gives a
+// time, and what was not saved does not appear. (Saved specifications: stored_specification_test.) A damaged or foreign store file gives a
 // clear status instead of a crash.
 #include <gtest/gtest.h>
 
@@ -13,43 +13,6 @@
 
 namespace zqtest {
 namespace {
-
-TEST(StorageDurability, SavedTaskSurvivesClosingAndReopeningTheStore) {
-  useFreshStore("durable_task");
-  const std::string timing("rate=1000\0edge=rising", 21);  // a data block is bytes, zeros too
-  {
-    zqerr::Status status;
-    SessionScope session("127.0.0.1", &status);
-    const uint64_t definition = api().createTaskSpecification(&status);
-    api().ChannelTaskSpecification_setName(definition, "Persisted", &status);
-    api().ChannelTaskSpecification_setAuthor(definition, "ann", &status);
-    const std::vector<std::string> channels{"Voltage_0", "SharedTemp"};
-    const std::vector<std::string> globals{"", "SharedTemp"};
-    api().ChannelTaskSpecification_setChannelDataList(definition, NamesIn(channels).boundary(), NamesIn(globals).boundary(), &status);
-    api().ChannelTaskSpecification_setTimingAttributeDataBlock(definition, timing.data(), timing.size(), &status);
-    LockScope token(session.id, LockScope::kSpecWrite, &status);
-    api().addTask(token.id, definition, &status);
-    api().save(token.id, &status);
-    api().destroyTaskSpecification(definition, &status);
-    ASSERT_EQ(status.code, 0) << (status.report ? status.report : "");
-  }
-  zqerr::Status status;
-  SessionScope session("127.0.0.1", &status);
-  LockScope token(session.id, LockScope::kSpecRead, &status);
-  const uint64_t definition = api().getTaskSpecification(token.id, "Persisted", &status);
-  ASSERT_NE(definition, 0u);
-  TextOut author, block;
-  NamesOut channels, globals;
-  api().ChannelTaskSpecification_getAuthor(definition, author.get(), &status);
-  api().ChannelTaskSpecification_getTimingAttributeDataBlock(definition, block.get(), &status);
-  api().ChannelTaskSpecification_getChannelDataList(definition, channels.get(), globals.get(), &status);
-  api().destroyTaskSpecification(definition, &status);
-  EXPECT_EQ(status.code, 0);
-  EXPECT_EQ(author.text, "ann");
-  EXPECT_EQ(block.text, timing);
-  EXPECT_EQ(channels.items, (std::vector<std::string>{"Voltage_0", "SharedTemp"}));
-  EXPECT_EQ(globals.items, (std::vector<std::string>{"", "SharedTemp"}));
-}
 
 // One write lock's story, told by the calls made under it; then which devices a fresh
 // session finds.

@@ -3,6 +3,8 @@
 // with the line that is wrong.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "scopes.h"
 #include "test_support.h"
 
@@ -39,18 +41,24 @@ device = SimDev2
 physical_channels = SimDev2/ai3
 )ini";
 
-TEST(IniSessions, TextWithTwoTasksListsBothAndItsChannelsInTextOrder) {
-  zqerr::Status status;
-  const uint64_t session = api().getSessionFromConfigString(kTwoTasks, 0, &status);
-  ASSERT_NE(session, 0u) << (status.report ? status.report : "");
-  {
-    LockScope lock(session, LockScope::kRead, &status);
-    EXPECT_EQ(namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_TASK, &status), (std::vector<std::string>{"First", "Second"}));
-    EXPECT_EQ(namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_CHANNEL, &status), (std::vector<std::string>{"a", "b", "Shared"}));
-    EXPECT_TRUE(namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_DEVICE, &status).empty());
+// Tasks and channels in the order of the text; no device comes from a text.
+TEST(IniSessions, TheStoreHoldsTheTasksAndChannelsOfTheTextInItsOrder) {
+  using Names = std::vector<std::string>;
+  const std::tuple<const char*, Names, Names> cases[] = {{kTwoTasks, {"First", "Second"}, {"a", "b", "Shared"}},
+                                                         {"", {}, {}}};
+  for (const auto& [text, tasks, channels] : cases) {
+    zqerr::Status status;
+    const uint64_t session = api().getSessionFromConfigString(text, 0, &status);
+    ASSERT_NE(session, 0u) << (status.report ? status.report : "");
+    {
+      LockScope lock(session, LockScope::kRead, &status);
+      EXPECT_EQ(namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_TASK, &status), tasks);
+      EXPECT_EQ(namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_CHANNEL, &status), channels);
+      EXPECT_TRUE(namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_DEVICE, &status).empty());
+    }
+    api().releaseSession(session, &status);
+    EXPECT_EQ(status.code, 0);
   }
-  api().releaseSession(session, &status);
-  EXPECT_EQ(status.code, 0);
 }
 
 TEST(IniSessions, TaskChannelsResolveByTaskAndThenByGlobalName) {
@@ -124,18 +132,6 @@ TEST(IniSessions, TextNotOfTheFormIsRefusedWithItsLine) {
     EXPECT_TRUE(reportWellFormed(status));
     EXPECT_EQ(reportAt(status.report, {"zqvorexStorage_debug", "line"}), c.line) << status.report;
   }
-}
-
-TEST(IniSessions, EmptyTextMakesAnEmptyStore) {
-  zqerr::Status status;
-  const uint64_t session = api().getSessionFromConfigString("", 0, &status);
-  ASSERT_NE(session, 0u);
-  LockScope lock(session, LockScope::kRead, &status);
-  EXPECT_TRUE(namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_TASK, &status).empty());
-  EXPECT_TRUE(namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_CHANNEL, &status).empty());
-  lock.end();
-  api().releaseSession(session, &status);
-  EXPECT_EQ(status.code, 0);
 }
 
 TEST(IniSessions, MemoryStoresAreSharedBetweenSessionsOfOneProcess) {

@@ -78,21 +78,28 @@ std::string describeChannel(uint64_t definition, zqerr_Status* status) {
   return out;
 }
 
-uint64_t taskNamed(const char* name, std::vector<std::string> channels, zqerr_Status* status) {
+uint64_t taskNamed(const char* name, std::vector<std::string> channels, zqerr_Status* status,
+                   const std::vector<std::string>& globals = {}) {
   const uint64_t definition = api().createTaskSpecification(status);
   api().ChannelTaskSpecification_setName(definition, name, status);
-  api().ChannelTaskSpecification_setChannelDataList(definition, NamesIn(channels).boundary(), nullptr, status);
+  api().ChannelTaskSpecification_setChannelDataList(definition, NamesIn(channels).boundary(),
+                                                    globals.empty() ? nullptr : NamesIn(globals).boundary(), status);
   return definition;
 }
 
-TEST(StorageSpecifications, ChannelFieldsRoundTripThroughTheStore) {
+// Every field survives closing and reopening the store; unknown names give no specification
+// and no failure.
+TEST(StorageSpecifications, FieldsSurviveClosingAndReopeningTheStore) {
   useFreshStore("channel_fields");
   zqerr::Status status;
-  SessionScope session("127.0.0.1", &status);
-  const uint64_t task = taskNamed("Logger", {"Voltage_0"}, &status);
+  const std::string timing("rate=1000\0edge=rising", 21);  // a data block is bytes, zeros too
+  const uint64_t task = taskNamed("Logger", {"Voltage_0", "SharedTemp"}, &status, {"", "SharedTemp"});
+  api().ChannelTaskSpecification_setAuthor(task, "ann", &status);
+  api().ChannelTaskSpecification_setTimingAttributeDataBlock(task, timing.data(), timing.size(), &status);
   const uint64_t local = fullChannel("Voltage_0", "Logger", &status);
   const uint64_t global = fullChannel("SharedTemp", "", &status);
   {
+    SessionScope session("127.0.0.1", &status);
     LockScope token(session.id, LockScope::kSpecWrite, &status);
     api().addTask(token.id, task, &status);
     api().addChannel(token.id, local, &status);
@@ -100,11 +107,21 @@ TEST(StorageSpecifications, ChannelFieldsRoundTripThroughTheStore) {
     api().save(token.id, &status);
   }
   ASSERT_EQ(status.code, 0) << (status.report ? status.report : "");
+  SessionScope session("127.0.0.1", &status);
   LockScope token(session.id, LockScope::kSpecRead, &status);
+  const uint64_t readTask = api().getTaskSpecification(token.id, "Logger", &status);
   const uint64_t readLocal = api().getChannelSpecificationByTaskAndChan(token.id, "Logger", "Voltage_0", &status);
   const uint64_t readGlobal = api().getChannelSpecificationByName(token.id, "SharedTemp", &status);
-  ASSERT_NE(readLocal, 0u);
-  ASSERT_NE(readGlobal, 0u);
+  ASSERT_TRUE(readTask && readLocal && readGlobal);
+  TextOut author, block;
+  NamesOut channels, globals;
+  api().ChannelTaskSpecification_getAuthor(readTask, author.get(), &status);
+  api().ChannelTaskSpecification_getTimingAttributeDataBlock(readTask, block.get(), &status);
+  api().ChannelTaskSpecification_getChannelDataList(readTask, channels.get(), globals.get(), &status);
+  EXPECT_EQ(author.text, "ann");
+  EXPECT_EQ(block.text, timing);
+  EXPECT_EQ(channels.items, (std::vector<std::string>{"Voltage_0", "SharedTemp"}));
+  EXPECT_EQ(globals.items, (std::vector<std::string>{"", "SharedTemp"}));
   EXPECT_EQ(describeChannel(readLocal, &status), describeChannel(local, &status));
   EXPECT_EQ(describeChannel(readGlobal, &status), describeChannel(global, &status));
   // A clone is a copy of its own.
@@ -112,15 +129,8 @@ TEST(StorageSpecifications, ChannelFieldsRoundTripThroughTheStore) {
   api().ChannelSpecification_setAuthor(clone, "someone else", &status);
   EXPECT_EQ(describeChannel(readLocal, &status), describeChannel(local, &status));
   for (uint64_t definition : {local, global, readLocal, readGlobal, clone}) api().destroyChannelSpecification(definition, &status);
-  api().destroyTaskSpecification(task, &status);
+  for (uint64_t definition : {task, readTask}) api().destroyTaskSpecification(definition, &status);
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
-}
-
-TEST(StorageSpecifications, UnknownNamesGiveNoSpecificationAndNoFailure) {
-  useFreshStore("unknown_names");
-  zqerr::Status status;
-  SessionScope session("127.0.0.1", &status);
-  LockScope token(session.id, LockScope::kSpecRead, &status);
   EXPECT_EQ(api().getTaskSpecification(token.id, "Nothing", &status), 0u);
   EXPECT_EQ(api().getChannelSpecificationByName(token.id, "Nothing", &status), 0u);
   EXPECT_EQ(api().getChannelSpecificationByTaskAndChan(token.id, "Nothing", "ai0", &status), 0u);
