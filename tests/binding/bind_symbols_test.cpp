@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "report_query.h"
 #include "zqvorex_status_codes.h"
@@ -42,52 +43,36 @@ class BindSymbols : public testing::Test {
   zqdynlib::AutoLib recorder_;
 };
 
-TEST_F(BindSymbols, TriesEveryNameAndKeepsTheFirstMiss) {
+template <class Table>
+std::pair<std::string, std::string> bindInto(zqplatform::LibraryHandle library, const char* prefix, Table* table) {
   zqerr::Status status;
-  Mixed table;
-  zqdynlib::bindSymbols(recorder_.handle(), table, &status, "zqtestRecorder_");
-  EXPECT_EQ(table.boundMask(), "01101");  // the loop went on past both misses
-  EXPECT_EQ(status.code, zqapalerr_invalidParameter);
-  EXPECT_EQ(reportAt(status.report, {"zqdynlib_debug", "zqdynlib_symbol"}), "zqtestRecorder_none1");
+  zqdynlib::bindSymbols(library, *table, &status, prefix);
+  EXPECT_EQ(status.code, status.report ? zqapalerr_invalidParameter : 0);
+  return {table->boundMask(), reportAt(status.report, {"zqdynlib_debug", "zqdynlib_symbol"})};
 }
 
-TEST_F(BindSymbols, BindsAllWhenAllArePresentAndWritesNothing) {
-  zqerr::Status status;
-  Present table;
-  zqdynlib::bindSymbols(recorder_.handle(), table, &status, "zqtestRecorder_");
-  ASSERT_EQ(table.boundMask(), "111");
-  EXPECT_EQ(status.code, 0);
-  EXPECT_EQ(status.report, nullptr);
-  int32_t first = table.call(0, &status);
-  EXPECT_EQ(table.call(0, &status), first + 1);  // the slots are the library's operations
-}
-
-TEST_F(BindSymbols, CutsTheSymbolTo255Characters) {
-  zqerr::Status status;
-  Cut table;
-  zqdynlib::bindSymbols(recorder_.handle(), table, &status, "zqtestRecorder_");
-  ASSERT_EQ(table.boundMask(), "1110");
-  for (size_t i = 0; i < 3; ++i) EXPECT_EQ(table.call(i, &status), 255);
-  EXPECT_EQ(reportAt(status.report, {"zqdynlib_debug", "zqdynlib_symbol"}), "zqtestRecorder_" + kShort254);
-}
-
-TEST_F(BindSymbols, ReportsTheCutNameOfAMissingLongSymbol) {
-  zqerr::Status status;
-  LongMissing table;
-  zqdynlib::bindSymbols(recorder_.handle(), table, &status, "zqtestRecorder_");
-  EXPECT_EQ(table.boundMask(), "10");
-  std::string symbol = reportAt(status.report, {"zqdynlib_debug", "zqdynlib_symbol"});
-  EXPECT_EQ(symbol.size(), 255u);
-  EXPECT_EQ(symbol, "zqtestRecorder_" + std::string(240, 'w'));
-}
-
-TEST_F(BindSymbols, NoPrefixMeansTheBareNames) {
+// Every name is tried and the first miss reported; a name is cut to 255 characters with its
+// prefix, whether it is found or missing; without a prefix the bare names are looked up.
+TEST_F(BindSymbols, TriesEveryNameAndReportsTheFirstMiss) {
   static const char* const kFull[] = {"zqtestRecorder_bump", "bump"};
-  NameTable<kFull, 2> table;
+  Mixed mixed;
+  Present present;
+  Cut cut;
+  LongMissing longMissing;
+  NameTable<kFull, 2> bare;
+  const std::string prefix = "zqtestRecorder_";
+  using Result = std::pair<std::string, std::string>;
+  EXPECT_EQ(bindInto(recorder_.handle(), "zqtestRecorder_", &mixed), Result("01101", prefix + "none1"));
+  EXPECT_EQ(bindInto(recorder_.handle(), "zqtestRecorder_", &present), Result("111", zqtest::kAbsent));
+  EXPECT_EQ(bindInto(recorder_.handle(), "zqtestRecorder_", &cut), Result("1110", prefix + kShort254));
+  EXPECT_EQ(bindInto(recorder_.handle(), "zqtestRecorder_", &longMissing),
+            Result("10", prefix + std::string(240, 'w')));
+  EXPECT_EQ(bindInto(recorder_.handle(), nullptr, &bare), Result("10", "bump"));
+  // The slots are the library's operations.
   zqerr::Status status;
-  zqdynlib::bindSymbols(recorder_.handle(), table, &status, nullptr);
-  EXPECT_EQ(table.boundMask(), "10");
-  EXPECT_EQ(reportAt(status.report, {"zqdynlib_debug", "zqdynlib_symbol"}), "bump");
+  const int32_t first = present.call(0, &status);
+  EXPECT_EQ(present.call(0, &status), first + 1);
+  for (size_t i = 0; i < 3; ++i) EXPECT_EQ(cut.call(i, &status), 255);
 }
 
 struct EntryCase {

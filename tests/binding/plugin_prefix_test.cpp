@@ -5,7 +5,7 @@
 #include "binding/load_library.h"
 #include "report_query.h"
 #include "zqvorex_status_codes.h"
-#include "test_interfaces.h"
+#include "plugin/plugin.h"
 
 namespace {
 
@@ -47,7 +47,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(PluginPrefix, ARefusedPathLoadsNothing) {
   zqerr::Status status;
-  EXPECT_FALSE(zqdynlib::loadPlugin<zqtest::Recorder>("qxef\\", &status));
+  EXPECT_FALSE(zqdynlib::loadPlugin<zqvorexRedir::Plugin>("qxef\\", &status));
   EXPECT_EQ(status.code, zqapalerr_invalidParameter);
   EXPECT_EQ(zqtest::reportAt(status.report, {"nested_error"}), zqtest::kAbsent);  // refused before any load
 }

@@ -36,48 +36,4 @@ class NameTable {
   std::array<void*, Count> slots_{};
 };
 
-// A full interface class over the recorder library: the destructor, then for each operation
-// the test whether it is bound and the forwarder. "rewind" is not exported by the library.
-class RecorderInterface {
- public:
-  virtual ~RecorderInterface() = default;
-  virtual bool hasBump() const = 0;
-  virtual int32_t bump(zqerr_Status* status) = 0;
-  virtual bool hasAdd() const = 0;
-  virtual int32_t add(int32_t a, int32_t b, zqerr_Status* status) = 0;
-  virtual bool hasJournal() const = 0;
-  virtual const char* journal(zqerr_Status* status) = 0;
-  virtual bool hasRewind() const = 0;
-  virtual void rewind(zqerr_Status* status) = 0;
-};
-
-class Recorder final : public RecorderInterface {
- public:
-  static constexpr size_t kOperationCount = 4;
-  static const char* const kNames[kOperationCount];
-
-  void setSlot(size_t index, void* address) noexcept;
-
-  bool hasBump() const override { return table_.bump != nullptr; }
-  int32_t bump(zqerr_Status* status) override;
-  bool hasAdd() const override { return table_.add != nullptr; }
-  int32_t add(int32_t a, int32_t b, zqerr_Status* status) override;
-  bool hasJournal() const override { return table_.journal != nullptr; }
-  const char* journal(zqerr_Status* status) override;
-  bool hasRewind() const override { return table_.rewind != nullptr; }
-  void rewind(zqerr_Status* status) override;
-
- private:
-  struct Table {
-    int32_t (*bump)(zqerr_Status*);
-    int32_t (*add)(int32_t, int32_t, zqerr_Status*);
-    const char* (*journal)(zqerr_Status*);
-    void (*rewind)(zqerr_Status*);
-  };
-  Table table_{};
-};
-
-// What an unbound forwarder of the recorder reports.
-inline constexpr int32_t kRecorderUnbound = -209876;
-
 }  // namespace zqtest

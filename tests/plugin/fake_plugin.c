@@ -14,18 +14,14 @@ _Static_assert(ZQVOREX_PLUGIN_OPERATION_COUNT == 363, "the table has 363 operati
 _Static_assert(sizeof(zqvorexPlugin_AbsoluteTime) == 16, "an absolute time is 16 bytes");
 
 /* The definitions must have exactly the table's types: a mismatch is an error here. */
-static const zqvorexPlugin_createContext_fn kCreateContext = fake_createContext;
 static const zqvorexPlugin_autoCreateTask_fn kAutoCreateTask = fake_autoCreateTask;
 static const zqvorexPlugin_getChannelAttributeF64_fn kGetF64 = fake_getChannelAttributeF64;
-static const zqvorexPlugin_getReadAttributeOffset_fn kGetOffset = fake_getReadAttributeOffset;
 static const zqvorexPlugin_readScaledVectorF64_fn kRead = fake_readScaledVectorF64;
 static const zqvorexPlugin_writeScalarCounterDutyCycleAndFrequencyF64_fn kWrite =
     fake_writeScalarCounterDutyCycleAndFrequencyF64;
 static const zqvorexPlugin_configureTimeStartTrigger_fn kTrigger = fake_configureTimeStartTrigger;
 static const zqvorexPlugin_registerDoneEvent_fn kRegister = fake_registerDoneEvent;
-static const zqvorexPlugin_abortTask_fn kAbort = fake_abortTask;
-const void* const fake_typeChecks[] = {&kCreateContext, &kAutoCreateTask, &kGetF64, &kGetOffset, &kRead,
-                                       &kWrite, &kTrigger, &kRegister, &kAbort};
+const void* const fake_typeChecks[] = {&kAutoCreateTask, &kGetF64, &kRead, &kWrite, &kTrigger, &kRegister};
 
 fake_Record fake_last;
 int fake_contextObject;
@@ -35,12 +31,6 @@ static void begin(const char* op, zqerr_Status* status) {
   memset(&fake_last, 0, sizeof fake_last);
   fake_last.op = op;
   fake_last.status = status;
-}
-
-zqvorexPlugin_Context_undefined* fake_createContext(const char* contextName, zqerr_Status* status) {
-  begin("createContext", status);
-  fake_last.pointers[0] = contextName;
-  return (zqvorexPlugin_Context_undefined*)&fake_contextObject;
 }
 
 zqvorexPlugin_Task_undefined* fake_autoCreateTask(zqvorexPlugin_Context_undefined* context, const char* channelNames,
@@ -60,15 +50,6 @@ double fake_getChannelAttributeF64(zqvorexPlugin_Task_undefined* task, const zqg
   fake_last.pointers[1] = channels;
   fake_last.integers[0] = attributeId;
   return FAKE_CHANNEL_F64;
-}
-
-int64_t fake_getReadAttributeOffset(zqvorexPlugin_Task_undefined* task, const zqgopher_ArrayView* channels,
-                                    int32_t attributeId, zqerr_Status* status) {
-  begin("getReadAttributeOffset", status);
-  fake_last.pointers[0] = task;
-  fake_last.pointers[1] = channels;
-  fake_last.integers[0] = attributeId;
-  return FAKE_OFFSET;
 }
 
 uint32_t fake_readScaledVectorF64(zqvorexPlugin_Task_undefined* task, uint32_t channelKind,
@@ -114,9 +95,4 @@ zqvorexPlugin_EventToken fake_registerDoneEvent(zqvorexPlugin_Task_undefined* ta
   fake_last.pointers[1] = event;
   fake_last.flag = direct;
   return FAKE_EVENT_TOKEN;
-}
-
-void fake_abortTask(zqvorexPlugin_Task_undefined* task, zqerr_Status* status) {
-  begin("abortTask", status);
-  fake_last.pointers[0] = task;
 }

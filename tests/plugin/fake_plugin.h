@@ -1,5 +1,5 @@
-/* A few plug-in operations written in C, as a plug-in author writes them: each records its
- * arguments in fake_last and answers with a fixed result. */
+/* A few plug-in operations written in C, as a plug-in author writes them, one for each shape of
+ * argument and result: each records its arguments in fake_last and answers with a fixed result. */
 #ifndef ZQ_TEST_FAKE_PLUGIN_H
 #define ZQ_TEST_FAKE_PLUGIN_H
 
@@ -27,16 +27,12 @@ extern int fake_contextObject;
 extern int fake_taskObject;
 #define FAKE_CHANNEL_F64 2.5
 #define FAKE_READ_COUNT 7u
-#define FAKE_OFFSET (-123456789012345)
 #define FAKE_EVENT_TOKEN 0x1234567890ull
 
-zqvorexPlugin_Context_undefined* fake_createContext(const char* contextName, zqerr_Status* status);
 zqvorexPlugin_Task_undefined* fake_autoCreateTask(zqvorexPlugin_Context_undefined* context, const char* channelNames,
                                                   bool flag, zqerr_Status* statusAgain, zqerr_Status* status);
 double fake_getChannelAttributeF64(zqvorexPlugin_Task_undefined* task, const zqgopher_ArrayView* channels,
                                    int32_t attributeId, zqerr_Status* status);
-int64_t fake_getReadAttributeOffset(zqvorexPlugin_Task_undefined* task, const zqgopher_ArrayView* channels,
-                                    int32_t attributeId, zqerr_Status* status);
 uint32_t fake_readScaledVectorF64(zqvorexPlugin_Task_undefined* task, uint32_t channelKind,
                                   zqgopher_IArrayBuffer* buffer, const zqvorexPlugin_ReadLayout* layout,
                                   int64_t numSampsPerChan, double timeout, void* reserved, zqerr_Status* status);
@@ -48,7 +44,6 @@ void fake_configureTimeStartTrigger(zqvorexPlugin_Task_undefined* task, zqvorexP
                                     int32_t timescale, zqerr_Status* status);
 zqvorexPlugin_EventToken fake_registerDoneEvent(zqvorexPlugin_Task_undefined* task, bool direct,
                                                 zqgopher_IEventDone* event, zqerr_Status* status);
-void fake_abortTask(zqvorexPlugin_Task_undefined* task, zqerr_Status* status);
 
 #ifdef __cplusplus
 }

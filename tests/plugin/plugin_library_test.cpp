@@ -7,8 +7,9 @@
 
 #include "binding/load_library.h"
 #include "plugin/plugin.h"
-#include "status/report_reader.h"
+#include "report_query.h"
 #include "status/status.h"
+#include "zqvorex_status_codes.h"
 
 namespace {
 
@@ -50,12 +51,8 @@ TEST_F(SampleLibrary, MissingOperationIsNotSupportedForTheDevice) {
   zqerr::Status status;
   auto* context = plugin_->createContext("ctx", &status);
   EXPECT_EQ(plugin_->createTask(context, "t", "", "", 0, &status), nullptr);
-  EXPECT_EQ(status.code, -209876);
-  const char* debug = zqerr::json::findKey(status.report, "zqdynlib_debug");
-  ASSERT_NE(debug, nullptr);
-  const char* symbol = zqerr::json::findKey(debug, "zqdynlib_symbol");
-  ASSERT_NE(symbol, nullptr);
-  EXPECT_EQ(std::string(symbol, 12), "\"createTask\"");
+  EXPECT_EQ(status.code, nZQMSTS::kErrorFunctionNotSupportedForDevice);
+  EXPECT_EQ(zqtest::reportAt(status.report, {"zqdynlib_debug", "zqdynlib_symbol"}), "createTask");
 }
 
 }  // namespace

@@ -25,10 +25,9 @@ struct TextCase {
 
 void PrintTo(const TextCase& c, std::ostream* os) { *os << c.label; }
 
-class SelectForConfigString : public testing::TestWithParam<TextCase> {
- protected:
-  void SetUp() override { useSelectionStore(); }
-};
+using SelectForConfigString = SelectionCases<TextCase>;
+constexpr int32_t kTaskCount = nZQMESL100::kInternalErrorIllegalNumberOfTasksFoundInTaskINI;
+constexpr const char* kTaskCountConstant = "nZQMESL100::kInternalErrorIllegalNumberOfTasksFoundInTaskINI";
 
 TEST_P(SelectForConfigString, ReadsTheTextsOneTask) {
   const TextCase& c = GetParam();
@@ -84,36 +83,14 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         TextCase{"OneTask", kOneTask, 0, "", "zqvorexSim", {"SimA", "SimB"}, {"SimA/ai5", "SimB/ai6"}},
         TextCase{"OneTaskOfAnotherPlugin", kOtherPlugin, 0, "", "zqvorexOther", {"Other"}, {"Other/ai7"}},
-        TextCase{"TwoTasks",
-                 kTwoTasks,
-                 nZQMESL100::kInternalErrorIllegalNumberOfTasksFoundInTaskINI,
-                 "nZQMESL100::kInternalErrorIllegalNumberOfTasksFoundInTaskINI",
-                 kUntouched,
-                 {},
-                 {}},
-        TextCase{"NoTask",
-                 "[channel lonely]\ndevice = SimA\n",
-                 nZQMESL100::kInternalErrorIllegalNumberOfTasksFoundInTaskINI,
-                 "nZQMESL100::kInternalErrorIllegalNumberOfTasksFoundInTaskINI",
-                 kUntouched,
-                 {},
-                 {}},
-        TextCase{"TaskWithoutChannels",
-                 "[task Bare]\n",
-                 nZQMSTS::kErrorPhysicalChannelNotSpecified,
-                 "nZQMSTS::kErrorPhysicalChannelNotSpecified",
-                 kUntouched,
-                 {},
-                 {}},
+        TextCase{"TwoTasks", kTwoTasks, kTaskCount, kTaskCountConstant, kUntouched, {}, {}},
+        TextCase{"NoTask", "[channel lonely]\ndevice = SimA\n", kTaskCount, kTaskCountConstant, kUntouched, {}, {}},
+        TextCase{"TaskWithoutChannels", "[task Bare]\n", nZQMSTS::kErrorPhysicalChannelNotSpecified,
+                 "nZQMSTS::kErrorPhysicalChannelNotSpecified", kUntouched, {}, {}},
         // The storage library's own refusal stands.
-        TextCase{"NotTaskText",
-                 "[task A]\nspeed = 3\n",
-                 zqapalerr_invalidParameter,
-                 "zqapalerr_invalidParameter",
-                 kUntouched,
-                 {},
-                 {}}),
-    [](const auto& info) { return std::string(info.param.label); });
+        TextCase{"NotTaskText", "[task A]\nspeed = 3\n", zqapalerr_invalidParameter, "zqapalerr_invalidParameter",
+                 kUntouched, {}, {}}),
+    kCaseLabel);
 
 }  // namespace
 }  // namespace zqtest

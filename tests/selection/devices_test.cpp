@@ -25,10 +25,8 @@ struct DevicesCase {
 
 void PrintTo(const DevicesCase& c, std::ostream* os) { *os << c.label; }
 
-class SelectForDevices : public testing::TestWithParam<DevicesCase> {
- protected:
-  void SetUp() override { useSelectionStore(); }
-};
+using SelectForDevices = SelectionCases<DevicesCase>;
+constexpr int32_t kTwoPlugins = zqapalerr_featureUnsupported;
 
 TEST_P(SelectForDevices, NamesThePluginOfAllDevices) {
   const DevicesCase& c = GetParam();
@@ -61,34 +59,13 @@ INSTANTIATE_TEST_SUITE_P(
         DevicesCase{"DebugPluginSkipsTheClassLookup", {"DebugOrphan"}, true, 0, "zqvorexDebug", false},
         DevicesCase{"ToggleOffReadsNoProperty", {"DebugDev"}, false, 0, "zqvorexOther", false},
         DevicesCase{"ToggleOffLooksTheClassUp", {"DebugOrphan"}, false, -201233, kUntouched, false},
-        DevicesCase{"ToggleOffDebugDeviceJoinsItsClassPlugin",
-                    {"DebugDev", "Other"},
-                    false,
-                    0,
-                    "zqvorexOther",
-                    false},
-        DevicesCase{"DifferentPluginsFirstSortsFirst",
-                    {"AaOther", "SimA"},
-                    true,
-                    zqapalerr_featureUnsupported,
-                    kUntouched,
-                    false},
-        DevicesCase{"DifferentPluginsFirstSortsLast",
-                    {"SimA", "ZzOther"},
-                    true,
-                    zqapalerr_featureUnsupported,
-                    kUntouched,
-                    false},
-        DevicesCase{"DebugPluginBesideAnother",
-                    {"DebugDev", "SimB"},
-                    true,
-                    zqapalerr_featureUnsupported,
-                    kUntouched,
-                    false},
-        DevicesCase{
-            "UnknownBesideKnown", {"Ghost", "SimA"}, true, nZQMSTS::kErrorInvalidDeviceID, kUntouched, false},
+        DevicesCase{"ToggleOffDebugDeviceJoinsItsClassPlugin", {"DebugDev", "Other"}, false, 0, "zqvorexOther", false},
+        DevicesCase{"DifferentPluginsFirstSortsFirst", {"AaOther", "SimA"}, true, kTwoPlugins, kUntouched, false},
+        DevicesCase{"DifferentPluginsFirstSortsLast", {"SimA", "ZzOther"}, true, kTwoPlugins, kUntouched, false},
+        DevicesCase{"DebugPluginBesideAnother", {"DebugDev", "SimB"}, true, kTwoPlugins, kUntouched, false},
+        DevicesCase{"UnknownBesideKnown", {"Ghost", "SimA"}, true, nZQMSTS::kErrorInvalidDeviceID, kUntouched, false},
         DevicesCase{"NoDevice", {}, true, nZQMSTS::kErrorPhysicalChannelNotSpecified, kUntouched, false}),
-    [](const auto& info) { return std::string(info.param.label); });
+    kCaseLabel);
 
 TEST(SelectForDevicesReport, PluginsThatDifferCarryTheComment) {
   useSelectionStore();

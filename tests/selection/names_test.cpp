@@ -12,6 +12,9 @@ namespace zqtest {
 namespace {
 
 using zqvorexRedir::NameSet;
+constexpr int32_t kTwoPlugins = zqapalerr_featureUnsupported;
+constexpr int32_t kNoChannel = nZQMSTS::kErrorPhysicalChannelNotSpecified;
+constexpr int32_t kUnknownChannel = nZQMSTS100::kErrorVirtualChanDoesNotExist;
 
 struct NamesCase {
   const char* label;
@@ -25,10 +28,7 @@ struct NamesCase {
 
 void PrintTo(const NamesCase& c, std::ostream* os) { *os << c.label; }
 
-class SelectForNames : public testing::TestWithParam<NamesCase> {
- protected:
-  void SetUp() override { useSelectionStore(); }
-};
+using SelectForNames = SelectionCases<NamesCase>;
 
 TEST_P(SelectForNames, CollectsTheDevicesAndChannelsOfTheNames) {
   const NamesCase& c = GetParam();
@@ -52,40 +52,16 @@ INSTANTIATE_TEST_SUITE_P(
     Names, SelectForNames,
     testing::Values(
         NamesCase{"SavedTask", "SavedSim", 0, true, "zqvorexSim", {"SimA"}, {"SimA/ai0", "SimA/ai1"}},
-        NamesCase{"SavedTaskWithAGlobalChannel",
-                  "Mixed",
-                  0,
-                  true,
-                  "zqvorexSim",
-                  {"SimA", "SimB"},
+        NamesCase{"SavedTaskWithAGlobalChannel", "Mixed", 0, true, "zqvorexSim", {"SimA", "SimB"},
                   {"SimA/ai2", "SimB/ai3"}},
-        NamesCase{
-            "SavedTaskOfAnotherPlugin", "SavedOther", 0, true, "zqvorexOther", {"Other"}, {"Other/ai0"}},
+        NamesCase{"SavedTaskOfAnotherPlugin", "SavedOther", 0, true, "zqvorexOther", {"Other"}, {"Other/ai0"}},
         NamesCase{"GlobalChannel", "GlobalB", 0, false, "zqvorexSim", {"SimB"}, {"SimB/ai3"}},
-        NamesCase{"GlobalChannelsOfTwoPlugins",
-                  "GlobalB, GlobalOther",
-                  zqapalerr_featureUnsupported,
-                  false,
-                  kUntouched,
-                  {},
-                  {}},
+        NamesCase{"GlobalChannelsOfTwoPlugins", "GlobalB, GlobalOther", kTwoPlugins, false, kUntouched, {}, {}},
         NamesCase{"Empty", "", nZQMSTS::kErrorGrafoEmptyTaskOrChans, false, kUntouched, {}, {}},
-        NamesCase{"UnknownChannel",
-                  "NoSuchChannel",
-                  nZQMSTS100::kErrorVirtualChanDoesNotExist,
-                  false,
-                  kUntouched,
-                  {},
-                  {}},
-        NamesCase{"ChannelOnAnUnknownDevice",
-                  "GlobalGhost",
-                  nZQMSTS::kErrorInvalidDeviceID,
-                  false,
-                  kUntouched,
-                  {},
-                  {}},
-        NamesCase{"OnlyBlanks", "  ", nZQMSTS::kErrorPhysicalChannelNotSpecified, false, kUntouched, {}, {}}),
-    [](const auto& info) { return std::string(info.param.label); });
+        NamesCase{"UnknownChannel", "NoSuchChannel", kUnknownChannel, false, kUntouched, {}, {}},
+        NamesCase{"ChannelOnAnUnknownDevice", "GlobalGhost", nZQMSTS::kErrorInvalidDeviceID, false, kUntouched, {}, {}},
+        NamesCase{"OnlyBlanks", "  ", kNoChannel, false, kUntouched, {}, {}}),
+    kCaseLabel);
 
 struct TaskCase {
   const char* label;
@@ -100,10 +76,7 @@ struct TaskCase {
 
 void PrintTo(const TaskCase& c, std::ostream* os) { *os << c.label; }
 
-class SelectForTask : public testing::TestWithParam<TaskCase> {
- protected:
-  void SetUp() override { useSelectionStore(); }
-};
+using SelectForTask = SelectionCases<TaskCase>;
 
 TEST_P(SelectForTask, CollectsTheDevicesOfTheTaskAndOfTheChannels) {
   const TaskCase& c = GetParam();
@@ -125,75 +98,38 @@ TEST_P(SelectForTask, CollectsTheDevicesOfTheTaskAndOfTheChannels) {
 INSTANTIATE_TEST_SUITE_P(
     Tasks, SelectForTask,
     testing::Values(
-        TaskCase{"SavedTaskAndChannels",
-                 "SavedSim",
-                 "GlobalB",
-                 {},
-                 0,
-                 "zqvorexSim",
-                 {"SimA", "SimB"},
+        TaskCase{"SavedTaskAndChannels", "SavedSim", "GlobalB", {}, 0, "zqvorexSim", {"SimA", "SimB"},
                  {"SimA/ai0", "SimA/ai1", "SimB/ai3"}},
         TaskCase{"SavedTaskAlone", "SavedSim", "", {}, 0, "zqvorexSim", {"SimA"}, {"SimA/ai0", "SimA/ai1"}},
         TaskCase{"ChannelsAlone", "", "GlobalB", {}, 0, "zqvorexSim", {"SimB"}, {"SimB/ai3"}},
-        TaskCase{"DevicesAlreadyHeldStay",
-                 "SavedSim",
-                 "",
-                 {"SimB"},
-                 0,
-                 "zqvorexSim",
-                 {"SimA", "SimB"},
+        TaskCase{"DevicesAlreadyHeldStay", "SavedSim", "", {"SimB"}, 0, "zqvorexSim", {"SimA", "SimB"},
                  {"SimA/ai0", "SimA/ai1"}},
-        TaskCase{"TaskAndChannelsOfTwoPlugins",
-                 "SavedSim",
-                 "GlobalOther",
-                 {},
-                 zqapalerr_featureUnsupported,
-                 kUntouched,
-                 {},
-                 {}},
-        TaskCase{"UnknownChannelBesideTheTask",
-                 "SavedSim",
-                 "Missing",
-                 {},
-                 nZQMSTS100::kErrorVirtualChanDoesNotExist,
-                 kUntouched,
-                 {},
-                 {}},
-        TaskCase{
-            "UnknownTask", "NoTask", "", {}, nZQMSTS::kErrorTaskNotInDataNeighborhood, kUntouched, {}, {}},
-        TaskCase{"NothingNamed", "", "", {}, nZQMSTS::kErrorPhysicalChannelNotSpecified, kUntouched, {}, {}}),
-    [](const auto& info) { return std::string(info.param.label); });
+        TaskCase{"TaskAndChannelsOfTwoPlugins", "SavedSim", "GlobalOther", {}, kTwoPlugins, kUntouched, {}, {}},
+        TaskCase{"UnknownChannelBesideTheTask", "SavedSim", "Missing", {}, kUnknownChannel, kUntouched, {}, {}},
+        TaskCase{"UnknownTask", "NoTask", "", {}, nZQMSTS::kErrorTaskNotInDataNeighborhood, kUntouched, {}, {}},
+        TaskCase{"NothingNamed", "", "", {}, kNoChannel, kUntouched, {}, {}}),
+    kCaseLabel);
 
-TEST(SelectForTaskReport, AnUnknownSavedTaskIsNamed) {
+// An unknown saved task is named in the report; an unknown channel has a constant of its own;
+// what was found before the failure stays.
+TEST(SelectionReport, UnknownNamesAndWhatWasFoundBefore) {
   useSelectionStore();
   auto selector = makeSelector(nullptr);
   std::string plugin;
   bool debuggable = false;
-  NameSet devices;
-  NameSet channels;
-  zqerr::Status status;
-  selector->selectForTask("NoTask", "GlobalB", "127.0.0.1", &plugin, &debuggable, &devices, &channels,
-                          &status);
+  NameSet devices, channels, moreDevices;
+  zqerr::Status status, namesStatus;
+  selector->selectForTask("NoTask", "GlobalB", "127.0.0.1", &plugin, &debuggable, &devices, &channels, &status);
   ASSERT_EQ(status.code, nZQMSTS::kErrorTaskNotInDataNeighborhood);
   const char* r = status.report;
   EXPECT_EQ(reportAt(r, {"error_constant"}), "nZQMSTS::kErrorTaskNotInDataNeighborhood");
   EXPECT_EQ(reportAt(r, {"translator_info", "ordered_data", "#0", "usage"}), "kUsageTypeInvalidTaskName");
   EXPECT_EQ(reportAt(r, {"translator_info", "ordered_data", "#0", "value"}), "NoTask");
-  EXPECT_EQ(devices, NameSet{"SimB"});  // what was found before the failure
-}
-
-TEST(SelectForNamesReport, AnUnknownChannelHasItsOwnConstant) {
-  useSelectionStore();
-  auto selector = makeSelector(nullptr);
-  std::string plugin;
-  bool debuggable = false;
-  NameSet devices;
-  NameSet channels;
-  zqerr::Status status;
-  selector->selectForNames("GlobalB, Missing", "127.0.0.1", &plugin, &debuggable, &devices, &channels,
-                           &status);
-  EXPECT_EQ(reportAt(status.report, {"error_constant"}), "nZQMSTS100::kErrorVirtualChanDoesNotExist");
   EXPECT_EQ(devices, NameSet{"SimB"});
+  selector->selectForNames("GlobalB, Missing", "127.0.0.1", &plugin, &debuggable, &moreDevices, &channels,
+                           &namesStatus);
+  EXPECT_EQ(reportAt(namesStatus.report, {"error_constant"}), "nZQMSTS100::kErrorVirtualChanDoesNotExist");
+  EXPECT_EQ(moreDevices, NameSet{"SimB"});
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 // the selector over the real storage library, and a toggle store that the tests control.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <memory>
 #include <string>
 #include <string_view>
@@ -44,5 +46,14 @@ std::unique_ptr<zqvorexRedir::TaskPluginSelector> makeSelector(std::shared_ptr<F
 
 // What an out-parameter holds when the operation did not write it.
 inline constexpr const char* kUntouched = "<untouched>";
+
+// A table of cases over the selection store, each case named by its `label`.
+template <class Case>
+class SelectionCases : public testing::TestWithParam<Case> {
+ protected:
+  void SetUp() override { useSelectionStore(); }
+};
+
+inline constexpr auto kCaseLabel = [](const auto& info) { return std::string(info.param.label); };
 
 }  // namespace zqtest

@@ -1,47 +1,38 @@
-// Stand-ins for the driver's boundary objects: a string and lists that the library fills,
-// and views that it reads. Only what the storage library calls is implemented for real.
+// The driver's own boundary objects, as it hands them to the storage library: a string and
+// lists that the library fills, with what it wrote in reach, and views of names that it reads.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
-#include "zqvorex_storage.h"
+#include "boundary/array_view.h"
+#include "boundary/item_adder_adapter.h"
+#include "boundary/string_adapter.h"
+#include "storage/object_id_list.h"
 
 namespace zqtest {
 
 struct TextOut {
-  TextOut();
-  zqgopher_IString base;
   std::string text;
-  zqgopher_IString* get() { return &base; }
+  zqgopher::StringAdapter adapter{text};
+  zqgopher_IString* get() { return adapter.boundary(); }
 };
 
-// One list per element type; `items` collects what the library adds.
-template <class T>
+// `items` collects what the library adds.
+template <class T, class Adapter>
 struct ListOut {
-  ListOut();
-  zqgopher_IItemAdder base;
   std::vector<T> items;
-  zqgopher_IItemAdder* get() { return &base; }
+  Adapter adapter{items};
+  zqgopher_IItemAdder* get() { return adapter.boundary(); }
 };
 
-using NamesOut = ListOut<std::string>;
-using IdsOut = ListOut<zqvorexStorage_ObjectID>;
-using U32sOut = ListOut<uint32_t>;
-using I32sOut = ListOut<int32_t>;
+using NamesOut = ListOut<std::string, zqgopher::ItemAdderAdapter<std::string>>;
+using IdsOut = ListOut<zqvorexStorage_ObjectID, zqvorexStorageCpp::ObjectIdList>;
+// Product ids come through the table of 32-bit items.
+using NumbersOut = ListOut<int32_t, zqgopher::ItemAdderAdapter<int32_t>>;
 
-// A view of text pointers into `names`, which must outlive it.
-class NamesIn {
- public:
-  explicit NamesIn(const std::vector<std::string>& names);
-  const zqgopher_ArrayView* get() const { return &view_; }
-
- private:
-  std::vector<const char*> pointers_;
-  zqgopher_ArrayView view_{};
-};
-
-bool operator==(const zqvorexStorage_ObjectID& a, const zqvorexStorage_ObjectID& b);
+// A view of text pointers into a list of names, which must outlive it.
+using NamesIn = zqgopher::StringArrayView;
 
 }  // namespace zqtest

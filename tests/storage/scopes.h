@@ -6,8 +6,10 @@
 #include <vector>
 
 #include "boundary_doubles.h"
+#include "report_query.h"
 #include "status/status.h"
 #include "storage_api.h"
+#include "zqvorex_status_codes.h"
 
 namespace zqtest {
 

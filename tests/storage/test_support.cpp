@@ -14,15 +14,6 @@ namespace {
 
 std::string gProgramPath;
 
-std::string stringMember(const char* object, const std::string& key) {
-  const char* value = object ? zqerr::json::findKey(object, key) : nullptr;
-  zqerr::json::ParsedValue parsed;
-  if (value == nullptr || !zqerr::json::parseValue(value, &parsed) || parsed.type != zqerr::json::kString) return "";
-  std::string decoded;
-  zqerr::json::decodeString(parsed.begin + 1, parsed.length - 2, &decoded);
-  return decoded;
-}
-
 }  // namespace
 
 void setEnvironment(const std::string& name, const std::string& value) {
@@ -63,14 +54,6 @@ std::string readFile(const std::string& path) {
 void writeFile(const std::string& path, const std::string& bytes) {
   std::ofstream out(path, std::ios::binary | std::ios::trunc);
   out << bytes;
-}
-
-std::string reportText(const zqerr_Status& status, const std::string& key) {
-  if (status.report == nullptr) return "";
-  if (key.rfind("debug.", 0) == 0) {
-    return stringMember(zqerr::json::findKey(status.report, "zqvorexStorage_debug"), key.substr(6));
-  }
-  return stringMember(status.report, key);
 }
 
 bool reportWellFormed(const zqerr_Status& status) {

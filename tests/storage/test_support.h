@@ -23,9 +23,6 @@ int runCommand(const std::string& commandLine);
 std::string readFile(const std::string& path);
 void writeFile(const std::string& path, const std::string& bytes);
 
-// A top-level string member of the status's report, decoded; "" when absent. Members of the
-// "zqvorexStorage_debug" object are found with the key "debug.<member>".
-std::string reportText(const zqerr_Status& status, const std::string& key);
 // Whether the report is one valid JSON object in the buffer form (zero fill, sentinel 'J').
 bool reportWellFormed(const zqerr_Status& status);
 

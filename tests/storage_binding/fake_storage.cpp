@@ -7,63 +7,45 @@ namespace zqtest {
 
 namespace {
 
-void record(const std::string& call) { fakeState().journal.push_back(call); }
-
-void failEnd(zqerr_Status* status) {
-  if (fakeState().endCode != 0) ZQ_TEST_FAIL(status, fakeState().endCode, "fake_storage", 1);
+// Records "operation(value)" and, for an end, fails it when the state asks so.
+void record(const char* operation, uint64_t value, zqerr_Status* endStatus = nullptr) {
+  fakeState().journal.push_back(std::string(operation) + "(" + std::to_string(value) + ")");
+  if (endStatus && fakeState().endCode != 0) ZQ_TEST_FAIL(endStatus, fakeState().endCode, "fake_storage", 1);
 }
 
 bool getSecondaryUrl(const char* url, zqgopher_IString* secondary, zqerr_Status* status) {
-  record(std::string("getSecondaryUrl(") + url + ")");
-  if (!fakeState().hasSecondaryUrl) return false;
-  secondary->table->assign(secondary, "backup-host", 11, status);
-  return true;
+  fakeState().journal.push_back(std::string("getSecondaryUrl(") + url + ")");
+  if (fakeState().hasSecondaryUrl) secondary->table->assign(secondary, "backup-host", 11, status);
+  return fakeState().hasSecondaryUrl;
 }
 
 uint64_t getSession(const char* url, zqerr_Status*) {
-  record(std::string("getSession(") + url + ")");
+  fakeState().journal.push_back(std::string("getSession(") + url + ")");
   return 11;
 }
 
 uint64_t getSessionWithSecondaryUrl(const char* url, const char* secondary, zqerr_Status*) {
-  record(std::string("getSessionWithSecondaryUrl(") + url + "," + secondary + ")");
+  fakeState().journal.push_back(std::string("getSessionWithSecondaryUrl(") + url + "," + secondary + ")");
   return 12;
 }
 
-void releaseSession(uint64_t session, zqerr_Status* status) {
-  record("releaseSession(" + std::to_string(session) + ")");
-  failEnd(status);
+// A begin gives the session times its factor; an end records the value it was handed.
+template <uint64_t Factor>
+uint64_t begin(uint64_t session, zqerr_Status*) {
+  record(Factor == 10 ? "beginReadOperation" : "beginStorageSpecReadOperation", session);
+  return session * Factor;
 }
 
-uint64_t beginReadOperation(uint64_t session, zqerr_Status*) {
-  record("beginReadOperation(" + std::to_string(session) + ")");
-  return session * 10;
+template <const char* Name>
+void end(uint64_t value, zqerr_Status* status) {
+  record(Name, value, status);
 }
 
-void endReadOperation(uint64_t lock, zqerr_Status* status) {
-  record("endReadOperation(" + std::to_string(lock) + ")");
-  failEnd(status);
-}
-
-uint64_t beginStorageSpecReadOperation(uint64_t session, zqerr_Status*) {
-  record("beginStorageSpecReadOperation(" + std::to_string(session) + ")");
-  return session * 20;
-}
-
-void endStorageSpecReadOperation(uint64_t token, zqerr_Status* status) {
-  record("endStorageSpecReadOperation(" + std::to_string(token) + ")");
-  failEnd(status);
-}
-
-void destroyChannelSpecification(uint64_t specification, zqerr_Status* status) {
-  record("destroyChannelSpecification(" + std::to_string(specification) + ")");
-  failEnd(status);
-}
-
-void destroyTaskSpecification(uint64_t specification, zqerr_Status* status) {
-  record("destroyTaskSpecification(" + std::to_string(specification) + ")");
-  failEnd(status);
-}
+constexpr char kReleaseSession[] = "releaseSession";
+constexpr char kEndRead[] = "endReadOperation";
+constexpr char kEndSpecRead[] = "endStorageSpecReadOperation";
+constexpr char kDestroyChannel[] = "destroyChannelSpecification";
+constexpr char kDestroyTask[] = "destroyTaskSpecification";
 
 template <class T>
 void put(T& bound, const char* operation, void* address) {
@@ -82,18 +64,18 @@ std::shared_ptr<zqvorexStorageCpp::Storage> makeFakeStorage() {
   put(*storage, "getSecondaryUrl", reinterpret_cast<void*>(&getSecondaryUrl));
   put(*storage, "getSession", reinterpret_cast<void*>(&getSession));
   put(*storage, "getSessionWithSecondaryUrl", reinterpret_cast<void*>(&getSessionWithSecondaryUrl));
-  put(*storage, "releaseSession", reinterpret_cast<void*>(&releaseSession));
-  put(*storage, "beginReadOperation", reinterpret_cast<void*>(&beginReadOperation));
-  put(*storage, "endReadOperation", reinterpret_cast<void*>(&endReadOperation));
+  put(*storage, kReleaseSession, reinterpret_cast<void*>(&end<kReleaseSession>));
+  put(*storage, "beginReadOperation", reinterpret_cast<void*>(&begin<10>));
+  put(*storage, kEndRead, reinterpret_cast<void*>(&end<kEndRead>));
   return storage;
 }
 
 std::shared_ptr<zqvorexStorageCpp::StorageSpec> makeFakeStorageSpec() {
   auto definition = std::make_shared<zqvorexStorageCpp::StorageSpec>();
-  put(*definition, "beginStorageSpecReadOperation", reinterpret_cast<void*>(&beginStorageSpecReadOperation));
-  put(*definition, "endStorageSpecReadOperation", reinterpret_cast<void*>(&endStorageSpecReadOperation));
-  put(*definition, "destroyChannelSpecification", reinterpret_cast<void*>(&destroyChannelSpecification));
-  put(*definition, "destroyTaskSpecification", reinterpret_cast<void*>(&destroyTaskSpecification));
+  put(*definition, "beginStorageSpecReadOperation", reinterpret_cast<void*>(&begin<20>));
+  put(*definition, kEndSpecRead, reinterpret_cast<void*>(&end<kEndSpecRead>));
+  put(*definition, kDestroyChannel, reinterpret_cast<void*>(&end<kDestroyChannel>));
+  put(*definition, kDestroyTask, reinterpret_cast<void*>(&end<kDestroyTask>));
   return definition;
 }
 

@@ -2,7 +2,6 @@
 // and a library that lacks one operation of a class is refused for that class.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -40,32 +39,24 @@ TEST(StorageBinding, TheStorageLibraryBindsEveryClassWhole) {
   EXPECT_EQ(status.code, 0);
 }
 
+template <class T>
+bool loadsFromGap(zqerr_Status* status) {
+  return !!zqdynlib::loadBoundLibrary<T>("zqtestStorageGap", status, "zqtestStorageGap_");
+}
+
 // The stand-in exports all but getObjectIDForNameInNamespace, which only Storage binds.
 TEST(StorageBinding, OneMissingSymbolRefusesItsClassAndNoOther) {
   struct Case {
     const char* label;
-    std::function<bool(zqerr_Status*)> load;  // true when a binding came back
+    bool (*load)(zqerr_Status*);  // true when a binding came back
     int32_t code;
   };
-  const char* gap = "zqtestStorageGap";
-  const char* prefix = "zqtestStorageGap_";
   const std::vector<Case> cases = {
-      {"Storage", [&](zqerr_Status* s) { return !!zqdynlib::loadBoundLibrary<sc::Storage>(gap, s, prefix); },
-       nZQMSTS::kErrorFunctionNotInLibrary},
-      {"StorageSpec",
-       [&](zqerr_Status* s) { return !!zqdynlib::loadBoundLibrary<sc::StorageSpec>(gap, s, prefix); }, 0},
-      {"ChannelSpecification",
-       [&](zqerr_Status* s) {
-         return !!zqdynlib::loadBoundLibrary<sc::ChannelSpecification>(gap, s, prefix);
-       },
-       0},
-      {"ChannelTaskSpecification",
-       [&](zqerr_Status* s) {
-         return !!zqdynlib::loadBoundLibrary<sc::ChannelTaskSpecification>(gap, s, prefix);
-       },
-       0},
-      {"Capabilities",
-       [&](zqerr_Status* s) { return !!zqdynlib::loadBoundLibrary<sc::Capabilities>(gap, s, prefix); }, 0},
+      {"Storage", loadsFromGap<sc::Storage>, nZQMSTS::kErrorFunctionNotInLibrary},
+      {"StorageSpec", loadsFromGap<sc::StorageSpec>, 0},
+      {"ChannelSpecification", loadsFromGap<sc::ChannelSpecification>, 0},
+      {"ChannelTaskSpecification", loadsFromGap<sc::ChannelTaskSpecification>, 0},
+      {"Capabilities", loadsFromGap<sc::Capabilities>, 0},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.label);
@@ -76,7 +67,7 @@ TEST(StorageBinding, OneMissingSymbolRefusesItsClassAndNoOther) {
     const char* r = status.report;
     EXPECT_EQ(reportAt(r, {"error_constant"}), "nZQMSTS::kErrorFunctionNotInLibrary");
     EXPECT_EQ(reportAt(r, {"translator_info", "ordered_data", "#0", "usage"}), "kUsageTypeLibraryName");
-    EXPECT_EQ(reportAt(r, {"translator_info", "ordered_data", "#0", "value"}), gap);
+    EXPECT_EQ(reportAt(r, {"translator_info", "ordered_data", "#0", "value"}), "zqtestStorageGap");
     EXPECT_EQ(reportAt(r, {"nested_error", "zqdynlib_debug", "zqdynlib_symbol"}),
               "zqtestStorageGap_getObjectIDForNameInNamespace");
   }

@@ -65,95 +65,44 @@ std::shared_ptr<sc::Storage> noStorage() { return nullptr; }
 std::shared_ptr<sc::StorageSpec> noSpec() { return nullptr; }
 
 std::vector<ScopeCase> scopeCases() {
-  using Kind = sc::SpecificationKind;
-  const char* bad = "AutoStorageSession";
+  using sc::AutoSpecification, sc::AutoStorageSession, sc::AutoStorageSessionReaderWithLock;
+  using sc::AutoStorageSessionSpecReaderWithLock, zqtest::makeFakeStorage, zqtest::makeFakeStorageSpec;
+  constexpr auto kChannel = sc::SpecificationKind::kChannel, kTask = sc::SpecificationKind::kTask;
+  constexpr int32_t kBad = zqpalerr_badPointer;
+  const char* reader = "AutoStorageSessionReaderWithLock";
+  const char* specReader = "AutoStorageSessionSpecReaderWithLock";
   return {
-      {"session",
-       [](zqerr_Status* s) { return sc::AutoStorageSession(zqtest::makeFakeStorage(), 7, s).get(); },
-       7,
-       0,
-       "",
+      {"session", [](zqerr_Status* s) { return AutoStorageSession(makeFakeStorage(), 7, s).get(); }, 7, 0, "",
        {"releaseSession(7)"}},
-      {"null session",
-       [](zqerr_Status* s) { return sc::AutoStorageSession(zqtest::makeFakeStorage(), 0, s).get(); },
-       0,
-       zqpalerr_badPointer,
-       bad,
-       {"releaseSession(0)"}},
-      {"session without storage",
-       [](zqerr_Status* s) { return sc::AutoStorageSession(noStorage(), 7, s).get(); },
-       0,
-       zqpalerr_badPointer,
-       bad,
-       {}},
-      {"read lock",
-       [](zqerr_Status* s) {
-         return sc::AutoStorageSessionReaderWithLock(zqtest::makeFakeStorage(), 7, s).get();
-       },
-       70,
-       0,
-       "",
-       {"beginReadOperation(7)", "endReadOperation(70)"}},
+      {"null session", [](zqerr_Status* s) { return AutoStorageSession(makeFakeStorage(), 0, s).get(); }, 0, kBad,
+       "AutoStorageSession", {"releaseSession(0)"}},
+      {"session without storage", [](zqerr_Status* s) { return AutoStorageSession(noStorage(), 7, s).get(); }, 0,
+       kBad, "AutoStorageSession", {}},
+      {"read lock", [](zqerr_Status* s) { return AutoStorageSessionReaderWithLock(makeFakeStorage(), 7, s).get(); },
+       70, 0, "", {"beginReadOperation(7)", "endReadOperation(70)"}},
       {"read lock on a null session",
-       [](zqerr_Status* s) {
-         return sc::AutoStorageSessionReaderWithLock(zqtest::makeFakeStorage(), 0, s).get();
-       },
-       0,
-       zqpalerr_badPointer,
-       "AutoStorageSessionReaderWithLock",
-       {"endReadOperation(0)"}},
+       [](zqerr_Status* s) { return AutoStorageSessionReaderWithLock(makeFakeStorage(), 0, s).get(); }, 0, kBad,
+       reader, {"endReadOperation(0)"}},
       {"read lock without storage",
-       [](zqerr_Status* s) { return sc::AutoStorageSessionReaderWithLock(noStorage(), 7, s).get(); },
-       0,
-       zqpalerr_badPointer,
-       "AutoStorageSessionReaderWithLock",
+       [](zqerr_Status* s) { return AutoStorageSessionReaderWithLock(noStorage(), 7, s).get(); }, 0, kBad, reader,
        {}},
       {"specification section",
-       [](zqerr_Status* s) {
-         return sc::AutoStorageSessionSpecReaderWithLock(zqtest::makeFakeStorageSpec(), 7, s).get();
-       },
-       140,
-       0,
-       "",
-       {"beginStorageSpecReadOperation(7)", "endStorageSpecReadOperation(140)"}},
+       [](zqerr_Status* s) { return AutoStorageSessionSpecReaderWithLock(makeFakeStorageSpec(), 7, s).get(); }, 140,
+       0, "", {"beginStorageSpecReadOperation(7)", "endStorageSpecReadOperation(140)"}},
       {"specification section on a null session",
-       [](zqerr_Status* s) {
-         return sc::AutoStorageSessionSpecReaderWithLock(zqtest::makeFakeStorageSpec(), 0, s).get();
-       },
-       0,
-       zqpalerr_badPointer,
-       "AutoStorageSessionSpecReaderWithLock",
-       {"endStorageSpecReadOperation(0)"}},
+       [](zqerr_Status* s) { return AutoStorageSessionSpecReaderWithLock(makeFakeStorageSpec(), 0, s).get(); }, 0,
+       kBad, specReader, {"endStorageSpecReadOperation(0)"}},
       {"channel specification",
-       [](zqerr_Status* s) {
-         return sc::AutoSpecification(zqtest::makeFakeStorageSpec(), 9, Kind::kChannel, s).get();
-       },
-       9,
-       0,
-       "",
+       [](zqerr_Status* s) { return AutoSpecification(makeFakeStorageSpec(), 9, kChannel, s).get(); }, 9, 0, "",
        {"destroyChannelSpecification(9)"}},
       {"task specification",
-       [](zqerr_Status* s) {
-         return sc::AutoSpecification(zqtest::makeFakeStorageSpec(), 9, Kind::kTask, s).get();
-       },
-       9,
-       0,
-       "",
+       [](zqerr_Status* s) { return AutoSpecification(makeFakeStorageSpec(), 9, kTask, s).get(); }, 9, 0, "",
        {"destroyTaskSpecification(9)"}},
       {"specification not found",
-       [](zqerr_Status* s) {
-         return sc::AutoSpecification(zqtest::makeFakeStorageSpec(), 0, Kind::kTask, s).get();
-       },
-       0,
-       0,
-       "",
-       {}},
+       [](zqerr_Status* s) { return AutoSpecification(makeFakeStorageSpec(), 0, kTask, s).get(); }, 0, 0, "", {}},
       {"specification without its class",
-       [](zqerr_Status* s) { return sc::AutoSpecification(noSpec(), 9, Kind::kChannel, s).get(); },
-       0,
-       zqpalerr_badPointer,
-       "AutoSpecification",
-       {}},
+       [](zqerr_Status* s) { return AutoSpecification(noSpec(), 9, kChannel, s).get(); }, 0, kBad,
+       "AutoSpecification", {}},
   };
 }
 
