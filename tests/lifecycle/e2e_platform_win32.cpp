@@ -9,10 +9,13 @@ void* librarySymbol(const std::string& path, const char* name) {
   return library ? reinterpret_cast<void*>(GetProcAddress(library, name)) : nullptr;
 }
 
-// The registering thread's message loop, where synchronous callbacks run.
+// The registering thread's message loop, where synchronous callbacks run. A plug-in thread may
+// post faster than callbacks run, so the queue need never empty: one call handles a batch and
+// returns, and the waiter looks at its goal and its hang guard between batches.
 void pumpMessages() {
+  constexpr int kBatch = 256;
   MSG message;
-  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+  for (int handled = 0; handled < kBatch && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE); ++handled) {
     TranslateMessage(&message);
     DispatchMessageA(&message);
   }

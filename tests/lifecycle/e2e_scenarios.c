@@ -301,6 +301,43 @@ int e2e_run_clear_ends_callbacks(char* why, size_t size) {
   return 0;
 }
 
+/* Each callback of the flood fires its event twice more while the flood is on, so its queue
+ * never empties: a wait for a count must still come back. */
+static atomic_int floodOn;
+
+static int32 onSignalRefire(TaskHandle task, int32 signalID, void* data) {
+  (void)task, (void)signalID;
+  Tally* tally = (Tally*)data;
+  atomic_fetch_add(&tally->signal, 1);
+  if (atomic_load(&floodOn)) e2e_fire("E2E Flood", EVENT_SIGNAL, 2, 0);
+  return 0;
+}
+
+/* A task cleared before at the same address may leave its mark until the sentinel queued behind
+ * it is handled, and the events fired until then are dropped: the flood is kicked again until
+ * its first callback has run. */
+static int floodGoal(void* context) {
+  Tally* tally = (Tally*)context;
+  const int seen = atomic_load(&tally->signal);
+  if (seen == 0) e2e_fire("E2E Flood", EVENT_SIGNAL, 1, 0);
+  return seen >= 500;
+}
+
+int e2e_run_wait_in_flood(char* why, size_t size) {
+  static Tally tally;
+  startTally(&tally);
+  TaskHandle task = 0;
+  CHECK(makeTask("E2E Flood", &task) == 0);
+  CHECK(VorexRegisterSignalEvent(task, Vorex_Val_SampleClock, SYNC, onSignalRefire, &tally) == 0);
+  CHECK(VorexStartTask(task) == 0);
+  atomic_store(&floodOn, 1);
+  const int reached = e2e_await(floodGoal, &tally);
+  atomic_store(&floodOn, 0);
+  CHECK(reached);
+  CHECK(VorexClearTask(task) == 0); /* drops what the flood left queued */
+  return 0;
+}
+
 typedef struct ForeignCall {
   TaskHandle task;
   int32 stop, clear, control, registerSync, registerDirect;

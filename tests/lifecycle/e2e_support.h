@@ -37,6 +37,7 @@ int e2e_run_lifecycle(char* why, size_t size);
 int e2e_run_direct_restart(char* why, size_t size);
 int e2e_run_stop_drops_queued(char* why, size_t size);
 int e2e_run_clear_ends_callbacks(char* why, size_t size);
+int e2e_run_wait_in_flood(char* why, size_t size);
 int e2e_run_foreign_thread(char* why, size_t size);
 int e2e_run_registration_errors(char* why, size_t size);
 int e2e_run_task_calls(char* why, size_t size);
