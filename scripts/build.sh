@@ -12,7 +12,7 @@ args=(-G Ninja -S "$here" -B "$here/build/$kind" "${launcher[@]}")
 case "$kind" in
   linux) args+=(-DCMAKE_BUILD_TYPE=RelWithDebInfo) ;;
   win64) args+=(-DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_TOOLCHAIN_FILE="$here/cmake/mingw-w64-x86_64.cmake"
-                -DZQ_TEST_TIMEOUT=180) ;;
+                -DZQ_TEST_TIMEOUT=300) ;;
   fuzz)  args+=(-DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++
                 -DZQ_BUILD_FUZZ=ON -DZQ_BUILD_TESTS=OFF -DZQ_BUILD_BENCH=OFF) ;;
   asan)  args+=(-DCMAKE_BUILD_TYPE=Debug -DZQ_SANITIZE=address,undefined -DZQ_BUILD_BENCH=OFF) ;;
