@@ -10,7 +10,6 @@
 
 #include "../support/reentry_hang_guard.h"
 #include "sim_installation.h"
-#include "voltage_task.h"
 #include "zqcai_rd_mbcs.h"
 
 namespace {
