@@ -1,8 +1,10 @@
-// The registrations list: when a task's record and a thread's window go. Who owns a task, the
-// stopping marks, the callbacks in flight and the retired actions are seen end to end, in
-// tests/lifecycle (the scenarios) and tests/reentry.
+// The registrations list: when a task's record and a thread's window go, and a stop's wait for
+// the callbacks in flight. Who owns a task, the stopping marks and the retired actions are seen
+// end to end, in tests/lifecycle's scenarios.
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <chrono>
 #include <thread>
 
 #include "events/task_events_list.h"
@@ -12,6 +14,7 @@
 namespace {
 
 using nZQCAI100::CTaskEventsList;
+using nZQCAI100::Delivery;
 using nZQCAI100::TaskHandle;
 
 TaskHandle handle(uintptr_t n) { return reinterpret_cast<TaskHandle>(n); }
@@ -49,6 +52,34 @@ TEST_F(EventsList, TheThreadsLastRegistrationTakesItsWindowAway) {
     EXPECT_NE(nZQCAI100::ensureEventWindow(), nullptr) << "a later registration makes a new one";
     nZQCAI100::destroyThreadEventWindow();
   }).join();
+}
+
+TEST_F(EventsList, AStopWaitsForACallbackRunningElsewhereButNotForItsOwn) {
+  Delivery own;
+  ASSERT_TRUE(list.beginDelivery(handle(7), own));
+  list.awaitDeliveries(handle(7));  // a callback that stops its own task
+  list.endDelivery(own);
+
+  std::atomic<bool> inside{false}, release{false}, awaited{false};
+  std::thread callbackThread([&] {
+    Delivery delivery;
+    ASSERT_TRUE(list.beginDelivery(handle(7), delivery));
+    inside = true;
+    while (!release) std::this_thread::yield();
+    EXPECT_FALSE(awaited) << "the stop returned while the callback still ran";
+    list.endDelivery(delivery);
+  });
+  while (!inside) std::this_thread::yield();
+  std::thread stopper([&] {
+    list.awaitDeliveries(handle(8));  // another task's callback does not hold this one
+    list.awaitDeliveries(handle(7));
+    awaited = true;
+  });
+  std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  release = true;
+  callbackThread.join();
+  stopper.join();
+  EXPECT_TRUE(awaited);
 }
 
 }  // namespace
