@@ -28,12 +28,6 @@ bool awaitPumping(const std::function<bool()>& reached);
 // Runs the calling thread's message loop for about `span`, so that events still due can come.
 void pumpFor(std::chrono::milliseconds span);
 
-// The calling thread's id, as the library's threads are told apart.
-uint32_t currentThread();
-// Whether synchronous callbacks run on a delivery thread of the library (Linux) rather than in
-// the registering thread's message loop (Windows).
-bool hasDeliveryThread();
-
 // The task of the re-entrancy tests: one voltage channel clocked at 1 kS/s, continuous, or 50
 // samples when `finite`.
 inline TaskHandle makeVoltageTask(const char* name, const char* channel, bool finite) {
