@@ -1,5 +1,6 @@
-// The registrations list: who owns a task's synchronous events, the stopping marks, the
-// callbacks in flight, and the actions a clear retires.
+// The registrations list: when a task's record and a thread's window go, and a stop's wait for
+// the callbacks in flight. Who owns a task, the stopping marks and the retired actions are seen
+// end to end, in tests/lifecycle's scenarios.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -25,21 +26,6 @@ class EventsList : public testing::Test {
   static void SetUpTestSuite() { zqentry::processAttach(nullptr); }
   CTaskEventsList list;
 };
-
-TEST_F(EventsList, TheFirstRegisteringThreadOwnsTheTask) {
-  EXPECT_EQ(list.getRegistrationState(nullptr), 0);
-  EXPECT_EQ(list.getRegistrationState(handle(1)), 0);
-  list.addRegistration(handle(1), 12521, callback(1));
-  EXPECT_EQ(list.getRegistrationState(handle(1)), 1);
-  int32_t seenElsewhere = 0;
-  std::thread([&] {
-    list.addRegistration(handle(1), 12580, callback(2));  // files in the owner's record
-    seenElsewhere = list.getRegistrationState(handle(1));
-  }).join();
-  EXPECT_EQ(seenElsewhere, -1);
-  list.addRegistration(nullptr, 12521, callback(3));
-  EXPECT_EQ(list.getRegistrationState(nullptr), 0);
-}
 
 TEST_F(EventsList, ARecordGoesWithItsLastSlotAndASignalWithoutSlotKeepsOne) {
   list.addRegistration(handle(2), 12999, callback(1));  // no slot: a record with nothing in it
@@ -68,19 +54,6 @@ TEST_F(EventsList, TheThreadsLastRegistrationTakesItsWindowAway) {
   }).join();
 }
 
-TEST_F(EventsList, AMarkStopsDeliveriesUntilItIsCleared) {
-  Delivery delivery;
-  list.markStopping(handle(5));
-  EXPECT_TRUE(list.isMarked(handle(5)));
-  EXPECT_FALSE(list.beginDelivery(handle(5), delivery));
-  EXPECT_TRUE(list.beginDelivery(handle(6), delivery)) << "marks are per task";
-  list.endDelivery(delivery);
-  list.clearMark(handle(5));
-  EXPECT_FALSE(list.isMarked(handle(5)));
-  EXPECT_TRUE(list.beginDelivery(handle(5), delivery));
-  list.endDelivery(delivery);
-}
-
 TEST_F(EventsList, AStopWaitsForACallbackRunningElsewhereButNotForItsOwn) {
   Delivery own;
   ASSERT_TRUE(list.beginDelivery(handle(7), own));
@@ -107,24 +80,6 @@ TEST_F(EventsList, AStopWaitsForACallbackRunningElsewhereButNotForItsOwn) {
   callbackThread.join();
   stopper.join();
   EXPECT_TRUE(awaited);
-}
-
-class CountingAction final : public zqgopher::RefCountedAction {};
-
-TEST_F(EventsList, AClearRetiresTheActionsOfItsTaskOnly) {
-  auto* mine = new CountingAction;
-  auto* other = new CountingAction;
-  list.enlist(handle(9), mine);
-  list.enlist(handle(10), other);
-  list.retireActions(handle(9));
-  EXPECT_TRUE(mine->retired());
-  EXPECT_FALSE(other->retired());
-  list.delist(handle(10), other);
-  list.retireActions(handle(10));
-  EXPECT_FALSE(other->retired()) << "a delisted action is no longer the list's";
-  list.delist(handle(9), mine);
-  mine->release();
-  other->release();
 }
 
 }  // namespace

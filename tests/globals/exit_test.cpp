@@ -1,17 +1,16 @@
 #include <gtest/gtest.h>
-#include <gmock/gmock.h>
 
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <string>
 
 #include "fresh_root.h"
 #include "globals/one_time.h"
 #include "globals/shared_globals.h"
 #include "contexts/context.h"
-#include "recording_task.h"
 #include "task/task.h"
 
 namespace {
@@ -22,41 +21,6 @@ using zqtest::SharedFolder;
 
 constexpr const char* kStorageFile = ZQ_TEST_STORAGE_LIBRARY;
 constexpr const char* kDrivePluginFile = ZQ_TEST_DRIVE_PLUGIN;
-constexpr const char* kDestroyed = "task destroyed";
-
-// A pooled task whose destruction writes kDestroyed to stderr, as a plug-in call at the end of
-// a task would be seen.
-std::shared_ptr<nZQCAI100::ITaskPool> poolWithWatchedTask(std::weak_ptr<zqvorexRedir::ITask>* watch) {
-  zqerr::Status status;
-  auto pool = nZQCAI100::getTaskPool(&status);
-  EXPECT_EQ(status.code, 0) << status.report;
-  if (!pool) return pool;
-  std::shared_ptr<zqvorexRedir::ITask> task(new zqtest::RecordingTask("left behind"), [](zqtest::RecordingTask* t) {
-    std::fputs(kDestroyed, stderr);
-    std::fflush(stderr);
-    delete t;
-  });
-  *watch = task;
-  pool->addTask(task, &status);
-  EXPECT_EQ(status.code, 0);
-  return pool;
-}
-
-TEST(SharedGlobalsExit, FinishAbandonsTheRecordWithItsTasks) {
-  SharedFolder folder("finish");
-  folder.install(kStorageFile);
-  zqtest::inFreshProcess([&] {
-    Installation installation;
-    installation.setSharedFolder64(folder.text());
-    std::weak_ptr<zqvorexRedir::ITask> watch;
-    poolWithWatchedTask(&watch);
-    ASSERT_NE(currentSharedGlobals(), nullptr);
-    nZQCAI100::oneTimeRecord().finish();
-    EXPECT_EQ(currentSharedGlobals(), nullptr);
-    EXPECT_EQ(nZQCAI100::oneTimeRecord().state.load(), 0u);
-    EXPECT_FALSE(watch.expired()) << "the abandoned pool still holds its task";
-  });
-}
 
 // A task of the factory, bound to the plug-in library zqtestDrive as a first channel would bind
 // it, and left in the pool. The library writes each call it receives to ZQTEST_DRIVE_LOG.
@@ -99,8 +63,9 @@ struct ExitCase {
 
 class ProcessExit : public testing::TestWithParam<ExitCase> {};
 
-// A normal process exit runs the exit actions: a task the application never cleared is not
-// destroyed, so its plug-in hears nothing during exit. A cleared task is, as the control.
+// A normal process exit runs the exit actions, which abandon the shared record with its pool:
+// a task the application never cleared is not destroyed, so its plug-in hears nothing during
+// exit. A cleared task is, as the control.
 TEST_P(ProcessExit, CallsThePluginOnlyForTheTasksThatWereCleared) {
   const ExitCase& c = GetParam();
   SharedFolder folder(std::string("exit-") + c.label);

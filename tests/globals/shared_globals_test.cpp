@@ -11,7 +11,6 @@
 
 #include "build_probe.h"
 #include "debug/debug_server_factory.h"
-#include "globals/shared_factory.h"
 #include "fresh_root.h"
 #include "globals/one_time.h"
 #include "report_query.h"
@@ -104,6 +103,9 @@ TEST(SharedGlobals, ThreadsStartingTogetherBuildOnce) {
     });
 }
 
+// What the end-to-end programs cannot tell apart: the plug-in folder under a shared folder whose
+// registry value ends in a separator, and the debug server factory that keeps its servers. The
+// rest of the wiring is used by every call of tests/lifecycle's scenarios.
 TEST(SharedGlobals, ServicesAreWiredFromTheInstallation) {
   SharedFolder folder("wired");
   folder.install(kStorageFile);
@@ -111,31 +113,12 @@ TEST(SharedGlobals, ServicesAreWiredFromTheInstallation) {
     Installation installation;
     installation.setSharedFolder64(folder.text() + "\\");
     zqerr::Status status;
-    auto pool = nZQCAI100::getTaskPool(&status);
-    ASSERT_EQ(status.code, 0) << status.report;
+    ASSERT_NE(nZQCAI100::getTaskPool(&status), nullptr) << status.report;
     nZQCAI100::SharedGlobals* g = currentSharedGlobals();
-    ASSERT_NE(g, nullptr);
-    EXPECT_EQ(g->taskPool, pool);
     auto plugins = std::dynamic_pointer_cast<zqvorexRedir::PluginManager>(g->pluginManager);
     ASSERT_NE(plugins, nullptr);
     EXPECT_EQ(plugins->folder(), folder.text() + "\\qxef");
-    EXPECT_EQ(nZQCAI100::getTlsManager(&status).get(), &nZQCAI100::tlsManager());
-    EXPECT_NE(g->systemSettings, nullptr);
-    EXPECT_NE(g->pluginSelector, nullptr);
-    EXPECT_NE(dynamic_cast<nZQCAI100::SharedFactory*>(g->taskFactory.get()), nullptr);
-    EXPECT_EQ(nZQCAI100::getTaskFactory(&status), g->taskFactory);
     EXPECT_NE(dynamic_cast<zqvorexRedir::DebugServerFactoryWithCache*>(g->debugServerFactory.get()), nullptr);
-    const std::pair<const void*, const void*> views[] = {
-        {g->storage.get(), g->storageLibrary.get()},
-        {g->capabilities.get(), g->capabilitiesLibrary.get()},
-        {g->storageSpec.get(), g->storageSpecLibrary.get()},
-        {g->channelSpecification.get(), g->channelSpecificationLibrary.get()},
-        {g->channelTaskSpecification.get(), g->channelTaskSpecificationLibrary.get()},
-    };
-    for (const auto& [view, library] : views) {
-      EXPECT_NE(view, nullptr);
-      EXPECT_EQ(view, library);
-    }
   });
 }
 

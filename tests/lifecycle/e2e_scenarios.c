@@ -185,8 +185,7 @@ int e2e_run_lifecycle(char* why, size_t size) {
   CHECK(atomic_load(&tally.everyN) == 7 && atomic_load(&tally.signal) == 3);
   CHECK(atomic_load(&tally.overlaps) == 0 && atomic_load(&tally.strays) == 0);
 
-  CHECK(VorexClearTask(task) == 0);
-  CHECK(VorexClearTask(marker.task) == 0);
+  CHECK(VorexClearTask(task) == 0 && VorexClearTask(marker.task) == 0);
   CHECK(e2e_fire("E2E Lifecycle", 0, 1, 0) == -1);
   /* The plug-in let go of every event object with its task. */
   CHECK(e2e_counter(COUNTER_EVENT_REFS) == 0);
@@ -268,9 +267,7 @@ int e2e_run_stop_drops_queued(char* why, size_t size) {
   CHECK(awaitCount(&tally.everyN, 3));
   CHECK(passMarker(&marker, "E2E Drop Marker"));
   CHECK(atomic_load(&tally.everyN) == 3);
-  CHECK(VorexClearTask(task) == 0);
-  CHECK(VorexClearTask(gate) == 0);
-  CHECK(VorexClearTask(marker.task) == 0);
+  CHECK(VorexClearTask(task) == 0 && VorexClearTask(gate) == 0 && VorexClearTask(marker.task) == 0);
   return 0;
 }
 
@@ -376,8 +373,7 @@ int e2e_run_foreign_thread(char* why, size_t size) {
   CHECK(call.registerDirect == 0);
   bool32 done = 7;
   CHECK(VorexIsTaskDone(task, &done) == 0 && done == 1);
-  CHECK(VorexStopTask(task) == 0);
-  CHECK(VorexClearTask(task) == 0);
+  CHECK(VorexStopTask(task) == 0 && VorexClearTask(task) == 0);
   return 0;
 }
 
@@ -439,8 +435,7 @@ int e2e_run_task_calls(char* why, size_t size) {
   CHECK(VorexGetNthTaskDevice(first, 0, name, sizeof name) == -201128);
   CHECK(VorexGetNthTaskDevice(first, 1, name, 4) == -200228);
 
-  CHECK(VorexClearTask(first) == 0);
-  CHECK(VorexClearTask(0) == 0);
+  CHECK(VorexClearTask(first) == 0 && VorexClearTask(0) == 0);
   CHECK(VorexClearTask(generated) == 0 && VorexClearTask(other) == 0);
   /* The name is free again. */
   CHECK(VorexCreateTask("E2E NAMED", &first) == 0 && VorexClearTask(first) == 0);

@@ -9,8 +9,8 @@
 #include <tuple>
 
 #include "../support/reentry_hang_guard.h"
+#include "e2e_platform.h"
 #include "sim_installation.h"
-#include "voltage_task.h"
 #include "zqcai_rd_mbcs.h"
 
 namespace {
@@ -119,10 +119,10 @@ int32 callOnce(Probe& probe) {
 }
 
 bool onRightThread(const Probe& probe) {
-  const uint32_t self = zqsimrun::currentThread();
+  const uint32_t self = zqe2e::threadId();
   // A direct callback runs on the plug-in's thread; a synchronous one on the test thread's
   // delivery thread, or in its message loop where there is none.
-  if (probe.road == Road::direct || zqsimrun::hasDeliveryThread()) return self != probe.registering;
+  if (probe.road == Road::direct || zqe2e::hasDeliveryThread()) return self != probe.registering;
   return self == probe.registering;
 }
 
@@ -165,7 +165,7 @@ TEST_P(CallbackCallsIn, ReturnsWithoutDeadlockAndEndsItsTask) {
   probe.step = &step;
   probe.road = road;
   probe.event = event;
-  probe.registering = zqsimrun::currentThread();
+  probe.registering = zqe2e::threadId();
   probe.own = makeVoltageTask("Reentry Own", "SimDev1/ai0", event == Event::done);
   probe.other = makeVoltageTask("Reentry Other", "SimDev2/ai0", false);
   if (step.otherHasSyncEvents) {

@@ -47,7 +47,4 @@ void pumpFor(std::chrono::milliseconds span) {
   awaitPumping([&] { return std::chrono::steady_clock::now() >= end; });
 }
 
-uint32_t currentThread() { return zqe2e::threadId(); }
-bool hasDeliveryThread() { return zqe2e::hasDeliveryThread(); }
-
 }  // namespace zqsimrun

@@ -8,6 +8,10 @@
 #include <functional>
 #include <string>
 
+#include <gtest/gtest.h>
+
+#include "zqcai_rd_mbcs.h"
+
 namespace zqsimrun {
 
 // Waits that end with a failure instead of a hang, well within the test timeout.
@@ -24,10 +28,16 @@ bool awaitPumping(const std::function<bool()>& reached);
 // Runs the calling thread's message loop for about `span`, so that events still due can come.
 void pumpFor(std::chrono::milliseconds span);
 
-// The calling thread's id, as the library's threads are told apart.
-uint32_t currentThread();
-// Whether synchronous callbacks run on a delivery thread of the library (Linux) rather than in
-// the registering thread's message loop (Windows).
-bool hasDeliveryThread();
+// The task of the re-entrancy tests: one voltage channel clocked at 1 kS/s, continuous, or 50
+// samples when `finite`.
+inline TaskHandle makeVoltageTask(const char* name, const char* channel, bool finite) {
+  TaskHandle task = nullptr;
+  EXPECT_EQ(VorexCreateTask(name, &task), 0);
+  EXPECT_EQ(VorexCreateAIVoltageChan(task, channel, "", Vorex_Val_Cfg_Default, -10, 10, Vorex_Val_Volts, nullptr), 0);
+  EXPECT_EQ(VorexCfgSampClkTiming(task, "", 1000, Vorex_Val_Rising, finite ? Vorex_Val_FiniteSamps : Vorex_Val_ContSamps,
+                                  finite ? 50 : 1000),
+            0);
+  return task;
+}
 
 }  // namespace zqsimrun

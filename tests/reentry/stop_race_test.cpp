@@ -11,7 +11,6 @@
 
 #include "../support/reentry_hang_guard.h"
 #include "sim_installation.h"
-#include "voltage_task.h"
 
 namespace {
 
