@@ -12,41 +12,23 @@ using namespace zqtest;
 
 template <class T>
 void walkArrays(std::span<const ArrayCase<T>> cases, const std::vector<T>& values) {
-  ASSERT_FALSE(cases.empty());
-  auto task = RecordingTask::create();
-  for (const ArrayCase<T>& c : cases) {
-    SCOPED_TRACE(c.info.name);
-    if (c.get) {
-      task->clearCalls();
-      task->clearReplies();
-      const std::string op = operationFor("Get", c.info);
-      if constexpr (std::is_same_v<T, double>)
-        task->on(op).numbers(values);
-      else
-        task->on(op).integers(values);
-      std::vector<T> data(values.size() + 1, T{});
-      EXPECT_EQ(c.get(task->handle(), kListText, data.data(), static_cast<uInt32>(data.size())), 0);
-      data.pop_back();
-      EXPECT_EQ(data, values);
-      expectOneCall(*task, op, c.info);
-      expectRecord("Get", c.info);
-    }
-    if (c.set) {
-      task->clearCalls();
-      EXPECT_EQ(c.set(task->handle(), kListText, values.data(), static_cast<uInt32>(values.size())), 0);
-      expectOneCall(*task, operationFor("Set", c.info), c.info);
-      expectRecord("Set", c.info);
-      const RecordedArg* value = task->calls().empty() ? nullptr : task->lastCall().arg("value");
-      ASSERT_NE(value, nullptr);
-      EXPECT_EQ(value->value, Value(values));
-    }
-    if (c.reset) {
-      task->clearCalls();
-      EXPECT_EQ(c.reset(task->handle(), kListText), 0);
-      expectOneCall(*task, operationFor("Reset", c.info), c.info);
-      expectRecord("Reset", c.info);
-    }
-  }
+  walkCases(
+      cases,
+      [&](RecordingTask& task, const ArrayCase<T>& c, const std::string& op) {
+        if constexpr (std::is_same_v<T, double>)
+          task.on(op).numbers(values);
+        else
+          task.on(op).integers(values);
+        std::vector<T> data(values.size() + 1, T{});
+        EXPECT_EQ(c.get(task.handle(), kListText, data.data(), static_cast<uInt32>(data.size())), 0);
+        data.pop_back();
+        EXPECT_EQ(data, values);
+      },
+      [&](RecordingTask& task, const ArrayCase<T>& c) {
+        EXPECT_EQ(c.set(task.handle(), kListText, values.data(), static_cast<uInt32>(values.size())), 0);
+        ASSERT_NE(sentValue(task), nullptr);
+        EXPECT_EQ(sentValue(task)->value, Value(values));
+      });
 }
 
 TEST(ArrayAccessors, F64) { walkArrays(casesF64Array(), std::vector<double>{1.5, -2.25, 1e10}); }

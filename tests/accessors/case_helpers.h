@@ -74,8 +74,35 @@ inline void expectOneCall(const RecordingTask& task, const std::string& op, cons
 // expiration states), or without a list the value, or for a Reset nothing.
 void expectRecord(const char* verb, const CaseInfo& info);
 
-// The catalogue's words for every case of every table, and the count of the functions the
-// tables hold, exported or not.
-std::vector<CaseInfo> allCases(size_t* functionCount = nullptr);
+// The catalogue's words for every case of every table.
+std::vector<CaseInfo> allCases();
+
+// The value the last call passed, or null when there was none.
+inline const RecordedArg* sentValue(const RecordingTask& task) {
+  return task.calls().empty() ? nullptr : task.lastCall().arg("value");
+}
+
+// Walks a table: the Get, Set and Reset of every case that has them, each on a fresh task, then
+// the one call it made and its trace record. `get` answers and checks a Get, `set` makes a Set
+// and checks what it passed.
+template <class Case, class Get, class Set>
+void walkCases(std::span<const Case> cases, Get&& get, Set&& set) {
+  ASSERT_FALSE(cases.empty());
+  auto task = RecordingTask::create();
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.info.name);
+    for (const Verb& verb : kVerbs) {
+      task->clearCalls();
+      task->clearReplies();
+      const std::string op = operationFor(verb.name, c.info);
+      if (verb.letter == 'G' && c.get) get(*task, c, op);
+      else if (verb.letter == 'S' && c.set) set(*task, c);
+      else if (verb.letter == 'R' && c.reset) EXPECT_EQ(c.reset(task->handle(), kListText), 0);
+      else continue;
+      expectOneCall(*task, op, c.info);
+      expectRecord(verb.name, c.info);
+    }
+  }
+}
 
 }  // namespace zqtest

@@ -3,9 +3,7 @@
 // missing letter none at all.
 #include <gtest/gtest.h>
 
-#include <cctype>
 #include <cstring>
-#include <map>
 #include <string>
 
 #include "case_helpers.h"
@@ -35,21 +33,6 @@ TEST_F(LoadedLibrary, ExportsExactlyTheCapitalVerbs) {
       EXPECT_EQ(zqplatform::findSymbol(library, name.c_str()) != nullptr, exported) << name;
     }
   }
-}
-
-// The tables hold every generated accessor: a table that lost rows would let the walks pass.
-TEST(AccessorTables, HoldEveryGeneratedAccessor) {
-  std::map<std::string, int> exported, hidden;
-  size_t functions = 0;
-  for (const CaseInfo& info : allCases(&functions)) {
-    for (const Verb& verb : kVerbs) {
-      if (std::strchr(info.verbs, verb.letter)) ++exported[verb.name];
-      if (std::strchr(info.verbs, std::tolower(verb.letter))) ++hidden[verb.name];
-    }
-  }
-  EXPECT_EQ(exported, (std::map<std::string, int>{{"Get", 944}, {"Set", 826}, {"Reset", 828}}));
-  EXPECT_EQ(hidden, (std::map<std::string, int>{{"Get", 4}, {"Set", 3}}));
-  EXPECT_EQ(functions, 944u + 826 + 828 + 4 + 3) << "a row lacks a function its verbs name";
 }
 
 }  // namespace

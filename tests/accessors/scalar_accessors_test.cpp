@@ -22,61 +22,22 @@ struct Sample {
 };
 
 template <class T>
-class ScalarWalk {
- public:
-  ScalarWalk(std::span<const ScalarCase<T>> cases, Sample<T> sample) : cases_(cases), sample_(sample) {}
-
-  void run() {
-    for (const ScalarCase<T>& c : cases_) {
-      SCOPED_TRACE(c.info.name);
-      if (c.get) checkGet(c);
-      if (c.set) checkSet(c);
-      if (c.reset) checkReset(c);
-    }
-  }
-
- private:
-  void fresh() {
-    task_->clearCalls();
-    task_->clearReplies();
-  }
-  void checkGet(const ScalarCase<T>& c) {
-    fresh();
-    const std::string op = operationFor("Get", c.info);
-    task_->on(op).value(sample_.answer);
-    T data{};
-    EXPECT_EQ(c.get(task_->handle(), kListText, &data), 0);
-    EXPECT_EQ(data, sample_.answer);
-    expectOneCall(*task_, op, c.info);
-    expectRecord("Get", c.info);
-  }
-  void checkSet(const ScalarCase<T>& c) {
-    fresh();
-    const std::string op = operationFor("Set", c.info);
-    EXPECT_EQ(c.set(task_->handle(), kListText, sample_.sent), 0);
-    expectOneCall(*task_, op, c.info);
-    expectRecord("Set", c.info);
-    const RecordedArg* value = task_->calls().empty() ? nullptr : task_->lastCall().arg("value");
-    ASSERT_NE(value, nullptr);
-    EXPECT_EQ(value->type, sample_.sentType);
-    EXPECT_EQ(value->value, sample_.sentAs);
-  }
-  void checkReset(const ScalarCase<T>& c) {
-    fresh();
-    EXPECT_EQ(c.reset(task_->handle(), kListText), 0);
-    expectOneCall(*task_, operationFor("Reset", c.info), c.info);
-    expectRecord("Reset", c.info);
-  }
-
-  std::span<const ScalarCase<T>> cases_;
-  Sample<T> sample_;
-  std::shared_ptr<RecordingTask> task_ = RecordingTask::create();
-};
-
-template <class T>
 void walk(std::span<const ScalarCase<T>> cases, Sample<T> sample) {
-  ASSERT_FALSE(cases.empty());
-  ScalarWalk<T>(cases, sample).run();
+  walkCases(
+      cases,
+      [&](RecordingTask& task, const ScalarCase<T>& c, const std::string& op) {
+        task.on(op).value(sample.answer);
+        T data{};
+        EXPECT_EQ(c.get(task.handle(), kListText, &data), 0);
+        EXPECT_EQ(data, sample.answer);
+      },
+      [&](RecordingTask& task, const ScalarCase<T>& c) {
+        EXPECT_EQ(c.set(task.handle(), kListText, sample.sent), 0);
+        const RecordedArg* value = sentValue(task);
+        ASSERT_NE(value, nullptr);
+        EXPECT_EQ(value->type, sample.sentType);
+        EXPECT_EQ(value->value, sample.sentAs);
+      });
 }
 
 TEST(ScalarAccessors, I32) {

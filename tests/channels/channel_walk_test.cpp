@@ -219,16 +219,6 @@ TEST(ChannelTable, CoversEveryFunctionOnce) {
   EXPECT_EQ(names.size(), 78u) << "77 creation functions and VorexInternalDisableChannel";
 }
 
-TEST(ChannelTable, TheTellingRowsNameTheirAttributes) {
-  const auto& cases = channelCases();
-  const auto voltage = std::find_if(cases.begin(), cases.end(), [](const ChannelCase& c) {
-    return std::string(c.function) == "VorexCreateAIVoltageChan";
-  });
-  ASSERT_NE(voltage, cases.end());
-  EXPECT_EQ(voltage->params[2].enumAttribute, 0x1097) << "terminalConfig is AITermCfg";
-  EXPECT_EQ(voltage->params[5].enumAttribute, 0x1094) << "units is AIVoltageUnits";
-}
-
 TEST(DiscardedChannels, AreOneObjectWhoseOperationsChangeNothing) {
   zqgopher_IItemAdder* list = zqchannels::discardedChannels();
   ASSERT_EQ(list, zqchannels::discardedChannels());

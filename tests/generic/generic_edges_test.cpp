@@ -1,6 +1,6 @@
 // The generic entries where the walk of every id does not look: the size query and the buffer of
-// a text through the variable part, the copy of an absolute time, a ParmInfo that is null or
-// whose time is, the fallback of the device-list Timing entries, and whose last error stands.
+// a text through the variable part, a ParmInfo that is null or whose time is, the fallback of the
+// device-list Timing entries, and whose last error stands.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -28,24 +28,6 @@ TEST_F(GenericEdges, ATextGetTakesItsBufferSizeFromTheVariablePart) {
   EXPECT_EQ(VorexGetChanAttribute(task->handle(), "ai0", Vorex_AICustomScaleName, buffer, 5u), -200228);
   // A null ParmInfo reads as zeros: a size of 0 asks for the size.
   EXPECT_EQ(__VorexGetChanAttributeFromParmInfo(task->handle(), "ai0", Vorex_AICustomScaleName, buffer, nullptr), 6);
-}
-
-TEST_F(GenericEdges, AnAbsoluteTimeGoesByValueAndIsCopied) {
-  VorexAbsoluteTime time{0xFEDCBA9876543210ull, -2};
-  EXPECT_EQ(VorexSetTrigAttribute(task->handle(), Vorex_TimeStartTrigWhen, time), 0);
-  ASSERT_EQ(task->callCount("setTimingAttributeAbsoluteTime"), 1u);
-  EXPECT_EQ(task->lastCall().attributeId, Vorex_TimeStartTrigWhen);
-  // The twin copies the record its slot points to before the accessor runs.
-  task->clearCalls();
-  const Slots slots{addressSlot(&time), 0};
-  time.seconds = 77;
-  EXPECT_EQ(__VorexSetTimingAttributeFromParmInfo(task->handle(), Vorex_FirstSampClkWhen, slots.data()), 0);
-  EXPECT_EQ(task->lastCall().op, "setTimingAttributeAbsoluteTime");
-  task->on("getTimingAttributeAbsoluteTime").out(zqvorexPlugin_AbsoluteTime{5, 6});
-  VorexAbsoluteTime got{};
-  EXPECT_EQ(VorexGetTimingAttribute(task->handle(), Vorex_SyncPulseTimeWhen, &got), 0);
-  EXPECT_EQ(got.fraction, 5u);
-  EXPECT_EQ(got.seconds, 6);
 }
 
 TEST_F(GenericEdges, ATimeSetWithoutARecordIsRefused) {
@@ -100,13 +82,6 @@ TEST_F(GenericEdges, AnExIdKeepsItsDeviceListWhateverItHolds) {
   EXPECT_EQ(VorexSetTimingAttributeEx(task->handle(), "Dev1", Vorex_AIConvMaxRate, 1.0), -200231);
   EXPECT_EQ(VorexResetTimingAttributeEx(task->handle(), " ", Vorex_SampQuantSampPerChan), 0);
   EXPECT_EQ(task->lastCall().op, "resetTimingAttributeU64");
-}
-
-TEST_F(GenericEdges, PhysicalChanNameCanBeSetButNotReset) {
-  EXPECT_EQ(VorexSetChanAttribute(task->handle(), "", Vorex_PhysicalChanName, "x"), 0);
-  EXPECT_EQ(task->lastCall().op, "setChannelAttributeString");
-  EXPECT_EQ(task->lastCall().text("value"), "x");
-  EXPECT_EQ(VorexResetChanAttribute(task->handle(), "", Vorex_PhysicalChanName), -200236);
 }
 
 // With a good handle the entry leaves the accessor's failure in the last-error slot as it was.

@@ -81,9 +81,4 @@ TEST(CodePage, EmptyInputIsAnInvalidParameter) {
   EXPECT_EQ(zqplatform::lastError(), zqplatform::kErrorInvalidParameter);
 }
 
-TEST(CodePage, SystemCodePageIsKnown) {
-  uint32_t page = zqplatform::systemCodePage();
-  EXPECT_EQ(toNarrow(0, u"Dev1/ai0"), "Dev1/ai0") << "page " << page;
-}
-
 }  // namespace

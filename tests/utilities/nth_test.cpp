@@ -8,7 +8,6 @@
 
 #include "../frame/last_error_probe.h"
 #include "recording_task.h"
-#include "utilities/cutility.h"
 #include "zqcai_rd_mbcs.h"
 
 namespace zqtest {
@@ -77,26 +76,6 @@ TEST_P(NthElement, AListShorterThanItsCountIsAnInvalidParameter) {
 
 INSTANTIATE_TEST_SUITE_P(Functions, NthElement, testing::ValuesIn(kFunctions),
                          [](const testing::TestParamInfo<NthCase>& info) { return std::string(info.param.what); });
-
-TEST(OneTerminal, MoreThanOneNameIsRefusedWithTheAttributeWithoutComment) {
-  struct Case {
-    const char* text;
-    int32_t code;
-    const char* kept;
-  };
-  for (const Case& c : {Case{"  PFI0 ", 0, "PFI0"}, Case{nullptr, 0, ""}, Case{"PFI0,PFI1", -200098, "PFI0,PFI1"},
-                        Case{"PFI0:2", -200098, "PFI0:2"}}) {
-    zqerr::Status status;
-    std::string terminal = "stale";
-    zqutility::checkOneTerminal(0x1495, c.text, &terminal, &status);
-    EXPECT_EQ(status.code, c.code) << (c.text ? c.text : "null");
-    EXPECT_EQ(terminal, c.kept);
-    if (c.code == 0) continue;
-    EXPECT_EQ(items(status),
-              itemList({usageItem("kUsageTypeAttributeIdentifier", 0x1495, "int32_t"),
-                        usageItem("kUsageTypeRequestedNumberTerminals", c.text[4] == ',' ? 2 : 3, "uint32_t")}));
-  }
-}
 
 }  // namespace
 }  // namespace zqtest

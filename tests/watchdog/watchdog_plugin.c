@@ -75,6 +75,14 @@ ZQ_NATIVE_EXPORT void zqtestWatchdog_setDeviceAttributeI32(zqvorexPlugin_Task_un
   record(line, "setDeviceAttributeI32", status);
 }
 
+ZQ_NATIVE_EXPORT void zqtestWatchdog_controlWatchdogTask(zqvorexPlugin_Task_undefined* task, int32_t action,
+                                                         zqerr_Status* status) {
+  char line[LINE_SIZE];
+  (void)task;
+  snprintf(line, sizeof line, "controlWatchdogTask:%d", (int)action);
+  record(line, "controlWatchdogTask", status);
+}
+
 /* The test's side: the log, line by line (null past its end), its clearing, and the failure of
  * one operation's every call from now on (code 0: none). */
 ZQ_NATIVE_EXPORT const char* zqtestWatchdog_testLine(int index) {
@@ -91,4 +99,5 @@ ZQ_NATIVE_EXPORT void zqtestWatchdog_testFail(const char* operation, int32_t cod
 static const zqvorexPlugin_createWatchdogTimerTask_fn kCreate = zqtestWatchdog_createWatchdogTimerTask;
 static const zqvorexPlugin_setDeviceAttributeF64_fn kSetF64 = zqtestWatchdog_setDeviceAttributeF64;
 static const zqvorexPlugin_setDeviceAttributeI32_fn kSetI32 = zqtestWatchdog_setDeviceAttributeI32;
-const void* const zqtestWatchdog_typeChecks[] = {&kCreate, &kSetF64, &kSetI32};
+static const zqvorexPlugin_controlWatchdogTask_fn kControl = zqtestWatchdog_controlWatchdogTask;
+const void* const zqtestWatchdog_typeChecks[] = {&kCreate, &kSetF64, &kSetI32, &kControl};
