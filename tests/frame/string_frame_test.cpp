@@ -199,15 +199,6 @@ TEST(TextGetOperation, BadChannelListStopsBeforeThePlugin) {
   EXPECT_TRUE(task->calls().empty());
 }
 
-TEST(TextGetOperation, ListItemsAreJoinedWithCommaAndSpace) {
-  auto task = RecordingTask::create();
-  task->on("getTaskAttributeStringVtr").strings({"a", "b b", "c"});
-  char buffer[32];
-  EXPECT_EQ(getTaskChannels(task->handle(), nullptr, nullptr, 0), 10);
-  EXPECT_EQ(getTaskChannels(task->handle(), nullptr, buffer, sizeof buffer), 0);
-  EXPECT_STREQ(buffer, "a, b b, c");
-}
-
 TEST(TextGetOperation, ExceptionInTheOperationBecomesAStatus) {
   auto task = RecordingTask::create();
   task->on("getChannelAttributeString").throws(std::runtime_error("plug-in threw"));
