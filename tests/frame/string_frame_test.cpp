@@ -107,6 +107,7 @@ const GetCase kGetCases[] = {
     {"SizeQueryWithNullBufferAndASize", "Dev1/ai0, Dev1/ai1", Handle::kLive, false, 40, 0, kSize, false, false},
     {"SizeQueryWithSizeZero", "Dev1/ai0, Dev1/ai1", Handle::kLive, true, 0, 0, kSize, false, false},
     {"SizeQueryOfAnEmptyValue", "", Handle::kLive, false, 0, 0, kSize, false, false},
+    {"EmptyValueIntoSizeZero", "", Handle::kLive, true, 0, 0, kSize, false, false},
     {"SizeQueryKeepsNoWarning", "Dev1/ai0", Handle::kLive, false, 0, 200077, kSize, false, false},
     {"ExactlyLengthPlusOne", "Dev1/ai0, Dev1/ai1", Handle::kLive, true, -1, 0, 0, true, false},
     {"OneByteShort", "Dev1/ai0, Dev1/ai1", Handle::kLive, true, -2, 0, nZQMSTS::kErrorBufferTooSmallForString, false, true},
