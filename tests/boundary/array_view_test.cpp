@@ -28,6 +28,8 @@ struct ViewCase {
   int32_t statusAfter;
 };
 
+// A pointer with a count, and a null one with or without, are read back through the array Set
+// accessors (tests/frame); here the edges they never reach.
 class FromPointer : public testing::TestWithParam<ViewCase> {};
 
 TEST_P(FromPointer, TakesBothValuesOrStaysEmpty) {
@@ -42,10 +44,7 @@ TEST_P(FromPointer, TakesBothValuesOrStaysEmpty) {
 
 INSTANTIATE_TEST_SUITE_P(
     ArrayViewAdapter, FromPointer,
-    testing::Values(ViewCase{"PointerAndCount", 0, kValues, 3, kValues, 3, 0},
-                    ViewCase{"CountZeroIgnoresThePointer", 0, kValues, 0, nullptr, 0, 0},
-                    ViewCase{"NullAndZeroIsEmpty", 0, nullptr, 0, nullptr, 0, 0},
-                    ViewCase{"NullWithACountIsRefused", 0, nullptr, 3, nullptr, 0, zqapalerr_invalidParameter},
+    testing::Values(ViewCase{"CountZeroIgnoresThePointer", 0, kValues, 0, nullptr, 0, 0},
                     ViewCase{"FailedStatusStaysEmpty", -9, kValues, 3, nullptr, 0, -9},
                     ViewCase{"FailedStatusDoesNotLookAtThePointer", -9, nullptr, 3, nullptr, 0, -9},
                     ViewCase{"AWarningIsNoFailure", 4, kValues, 2, kValues, 2, 4}),
@@ -56,13 +55,6 @@ TEST(ArrayViewAdapter, RefusalNamesItsSite) {
   ArrayViewAdapter<int32_t> view(nullptr, 1, &status);
   EXPECT_EQ(zqtest::member(status, "error_constant"), R"("zqapalerr_invalidParameter")");
   EXPECT_EQ(zqtest::member(status, "file"), R"("zqgopher/ArrayViewAdapter")");
-}
-
-TEST(ArrayViewAdapter, ShowsOneValue) {
-  const int32_t value = 17;
-  ArrayViewAdapter<int32_t> view(value);
-  EXPECT_EQ(view.data, &value);
-  EXPECT_EQ(view.count, 1u);
 }
 
 TEST(StringArrayView, PointsIntoTheSourceStrings) {
@@ -93,21 +85,6 @@ TEST(StringArrayView, MovingKeepsThePointers) {
       EXPECT_EQ(third.data, data);
     }
   }
-}
-
-TEST(StringArrayView, ShowsANameListInEitherForm) {
-  zqgopher::NameList list;
-  ASSERT_TRUE(list.assignShort("Dev1/ai0"));
-  StringArrayView inPlace(list);
-  ASSERT_EQ(inPlace.count, 1u);
-  EXPECT_EQ(inPlace[0], list.shortName());
-
-  *list.vector() = {"Dev1/ai0", "Dev1/ai1"};
-  StringArrayView fromVector(list);
-  ASSERT_EQ(fromVector.count, 2u);
-  EXPECT_EQ(fromVector[1], list.names()[1].c_str());
-  EXPECT_FALSE(list.assignShort(std::string(zqgopher::NameList::kShortCapacity + 1, 'a')));
-  EXPECT_EQ(list.size(), 2u);
 }
 
 }  // namespace

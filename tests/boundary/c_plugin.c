@@ -92,23 +92,6 @@ void cplug_addIntegers(zqgopher_IItemAdder* integers, zqerr_Status* status) {
   integers->table.i32->addRange(integers, kRest, 2, status);
 }
 
-/* ---- views ---- */
-
-size_t cplug_joinNames(const zqgopher_ArrayView* names, char* out, size_t outSize) {
-  const char* const* items = zqgopher_ArrayView_strings(names);
-  size_t used = 0;
-  out[0] = '\0';
-  for (uint64_t i = 0; i < names->count; ++i)
-    used += (size_t)snprintf(out + used, outSize - used, "%s%s", i ? "|" : "", items[i]);
-  return used;
-}
-
-double cplug_sumReals(const zqgopher_ArrayView* reals) {
-  double sum = 0.0;
-  for (uint64_t i = 0; i < reals->count; ++i) sum += zqgopher_ArrayView_f64(reals)[i];
-  return sum;
-}
-
 /* ---- objects of the plug-in ---- */
 
 static void sinkAssign(zqgopher_IString* self, const char* text, uint64_t length, zqerr_Status* status) {

@@ -30,10 +30,6 @@ void cplug_addNames(zqgopher_IItemAdder* names, zqerr_Status* status);  /* "ai0"
 void cplug_addReals(zqgopher_IItemAdder* reals, zqerr_Status* status);  /* 0.5, 1.5, 2.5 */
 void cplug_addIntegers(zqgopher_IItemAdder* integers, zqerr_Status* status); /* -1, 7, 42 after a clear */
 
-/* Views as a plug-in reads them. */
-size_t cplug_joinNames(const zqgopher_ArrayView* names, char* out, size_t outSize);
-double cplug_sumReals(const zqgopher_ArrayView* reals);
-
 /* ---- objects a plug-in builds and hands to the library ---- */
 
 /* A text sink over a fixed buffer; only assign is expected of the library. */

@@ -34,19 +34,6 @@ TEST(ItemAdderAdapter, NumbersAreAppendedOneByOneAndInRanges) {
   EXPECT_EQ(status.code, 0);
 }
 
-TEST(ItemAdderAdapter, TextsAreCopied) {
-  Names names;
-  ItemAdderAdapter<std::string> adapter(names);
-  zqgopher_IItemAdder* a = adapter.boundary();
-  zqerr::Status status;
-  char scratch[] = "Dev1/ai0";
-  a->table.strings->add(a, scratch, &status);
-  scratch[7] = '1';
-  const char* const more[] = {scratch, "\xC3\xA9t\xC3\xA9"};
-  a->table.strings->addRange(a, more, 2, &status);
-  EXPECT_EQ(names, (Names{"Dev1/ai0", "Dev1/ai1", "\xC3\xA9t\xC3\xA9"}));
-}
-
 // Refusals: the status says zqapalerr_invalidParameter and the list is as it was.
 enum class List { texts, reals, integers };
 

@@ -131,6 +131,7 @@ TEST(ArrayLineBufferAdapter, LineCountsByChannel) {
   zqgopher_IArrayLineBuffer* b = adapter.boundary();
   for (uint32_t c = 0; c < 3; ++c) EXPECT_EQ(b->table->getNumLines(b, c, &status), lines[c]);
   EXPECT_EQ(b->table->getNumSampsPerChan(b, 2, &status), 2u);
+  EXPECT_EQ(b->table->getMutableData(b, 0, &status), bytes) << "the caller's own array";
   EXPECT_EQ(status.code, 0);
   zqerr::Status beyond;
   EXPECT_EQ(b->table->getNumLines(b, 3, &beyond), 0u);

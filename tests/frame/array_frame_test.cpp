@@ -71,7 +71,6 @@ const GetCase kGetCases[] = {
     {"SizeQueryWithSizeZero", false, Handle::kLive, true, 0, 0, kCount, false, false},
     {"SizeQueryOfNoElements", true, Handle::kLive, false, 0, 0, kCount, false, false},
     {"ExactSize", false, Handle::kLive, true, 3, 0, 0, true, false},
-    {"LargerArray", false, Handle::kLive, true, 5, 0, 0, true, false},
     {"NoElementsIntoAnArray", true, Handle::kLive, true, 5, 0, 0, false, false},
     {"OneElementShort", false, Handle::kLive, true, 2, 0, nZQMSTS100::kErrorArrayTooSmallForValue, false, true},
     {"PluginWarningKeepsTheElements", false, Handle::kLive, true, 3, 200077, 200077, true, false},

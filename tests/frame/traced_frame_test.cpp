@@ -53,15 +53,6 @@ class TracedFrame : public testing::Test {
   std::shared_ptr<RecordingTask> task = RecordingTask::create();
 };
 
-TEST_F(TracedFrame, ScalarGetWithItsValue) {
-  task->on("getChannelAttributeF64").value(2.5);
-  double x = 0;
-  getAIMax(*task, "ai0", &x);
-  EXPECT_EQ(spy.line(), "VorexGetAIMax params(3): taskHandle@0:93[8,8]=" + pointerText(task->handle()) +
-                            " channel@1:79[1,3]=\"ai0\" data@2:91[8,8]=" + pointerText(&x) +
-                            "; returns(2): *data@0:19[8,8]=2.5 retval@1:75[4,4]=0 ok");
-}
-
 TEST_F(TracedFrame, NullChannelIsAPointerAndEmptyTextHasLengthZero) {
   double x = 0;
   getAIMax(*task, nullptr, &x);
