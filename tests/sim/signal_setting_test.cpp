@@ -74,13 +74,5 @@ INSTANTIATE_TEST_SUITE_P(Texts, BadSignalText,
                                          Refused{"sine colour=red", "colour"},
                                          Refused{"file path=x format=wav", "format"}));
 
-TEST(SignalText, TheDefaultGrowsWithTheInputNumber) {
-  EXPECT_EQ(defaultSignal(0).amplitude, 1.0);
-  EXPECT_EQ(defaultSignal(0).frequency, 10.0);
-  EXPECT_EQ(defaultSignal(3).amplitude, 2.5);
-  EXPECT_EQ(defaultSignal(3).frequency, 40.0);
-  EXPECT_EQ(defaultSignal(3).kind, WaveKind::kSine);
-}
-
 }  // namespace
 }  // namespace zqsim
