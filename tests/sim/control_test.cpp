@@ -45,9 +45,7 @@ TEST(Control, AReservationHeldUntilUnreserved) {
 }
 
 TEST(Control, WaitingForAContinuousTaskToEndTimesOut) {
-  auto task = makeTask("endless");
-  ASSERT_EQ(addVoltage(*task, "SimDev1/ai0").code, 0);
-  ASSERT_EQ(sampleClock(*task, 1000, Vorex_Val_ContSamps, 1000).code, 0);
+  auto task = clockedVoltage("endless", "SimDev1/ai0", 1000, Vorex_Val_ContSamps, 1000);
   ASSERT_EQ(control(*task, kStart).code, 0);
   zqerr::Status status;
   task->waitUntilTaskDone(0.02, &status);
@@ -59,9 +57,7 @@ TEST(Control, WaitingForAContinuousTaskToEndTimesOut) {
 }
 
 TEST(BinaryReads, GiveTheConverterCodesOfTheRange) {
-  auto task = makeTask("binary");
-  ASSERT_EQ(addVoltage(*task, "SimDev1/ai5:6", 5.0).code, 0);
-  ASSERT_EQ(sampleClock(*task, 1000, Vorex_Val_FiniteSamps, 10).code, 0);
+  auto task = clockedVoltage("binary", "SimDev1/ai5:6", 1000, Vorex_Val_FiniteSamps, 10, 5.0);
   std::vector<int16_t> codes(20, 0);
   zqerr::Status status;
   zqgopher::ArrayBufferAdapter buffer(codes.data(), codes.size(), &status);
@@ -76,9 +72,7 @@ TEST(BinaryReads, GiveTheConverterCodesOfTheRange) {
 }
 
 TEST(RawReads, GiveTheCodesAsLittleEndianBytesByScan) {
-  auto task = makeTask("raw");
-  ASSERT_EQ(addVoltage(*task, "SimDev1/ai5:6").code, 0);
-  ASSERT_EQ(sampleClock(*task, 1000, Vorex_Val_FiniteSamps, 4).code, 0);
+  auto task = clockedVoltage("raw", "SimDev1/ai5:6", 1000, Vorex_Val_FiniteSamps, 4);
   std::vector<uint8_t> bytes(16, 0);
   zqerr::Status status;
   zqgopher::ArrayBufferAdapter buffer(bytes.data(), bytes.size(), &status);

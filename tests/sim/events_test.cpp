@@ -34,10 +34,7 @@ const zqgopher_IEventEveryNSamplesTable kEveryTable = {
     [](zqgopher_IEventEveryNSamples*, uint32_t, uint32_t, zqerr_Status*) {}};
 
 std::shared_ptr<zqvorexRedir::Task> acquisition(const std::string& name) {
-  auto task = makeTask(name);
-  EXPECT_EQ(addVoltage(*task, "SimDev1/ai5").code, 0);
-  EXPECT_EQ(sampleClock(*task, 1000, Vorex_Val_ContSamps, 1000).code, 0);
-  return task;
+  return clockedVoltage(name, "SimDev1/ai5", 1000, Vorex_Val_ContSamps, 1000);
 }
 
 TEST(Events, ThePlugInGivesItsReferenceBackWhenTheEventGoes) {

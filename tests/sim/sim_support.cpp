@@ -56,17 +56,11 @@ std::shared_ptr<zqvorexRedir::IPluginSelector> selector() {
   return shared;
 }
 
-std::string binFolder() {
-  const std::string& program = programPath();
-  const size_t slash = program.find_last_of("/\\");
-  return slash == std::string::npos ? std::string(".") : program.substr(0, slash);
-}
-
 // One manager for the program, never destroyed: as in the library, the plug-in stays loaded to
 // the process's end, so what it keeps for the process (its device registry) stays reachable.
 std::shared_ptr<zqvorexRedir::PluginManager> manager() {
   using Manager = zqvorexRedir::PluginManager;
-  static const auto* shared = new std::shared_ptr<Manager>(std::make_shared<Manager>(binFolder()));
+  static const auto* shared = new std::shared_ptr<Manager>(std::make_shared<Manager>(siblingProgram(".")));
   return *shared;
 }
 
@@ -119,6 +113,14 @@ Outcome control(zqvorexRedir::ITask& task, int32_t action) {
   zqerr::Status status;
   task.controlTask(action, true, &status);
   return take(status);
+}
+
+std::shared_ptr<zqvorexRedir::Task> clockedVoltage(const std::string& name, const std::string& physical, double rate,
+                                                   int32_t mode, uint64_t samples, double range) {
+  auto task = makeTask(name);
+  EXPECT_EQ(addVoltage(*task, physical, range).code, 0);
+  EXPECT_EQ(sampleClock(*task, rate, mode, samples).code, 0);
+  return task;
 }
 
 Samples readVoltages(zqvorexRedir::ITask& task, int64_t samples, double timeout, uint64_t capacity) {

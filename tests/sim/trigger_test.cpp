@@ -13,9 +13,7 @@ namespace {
 constexpr double kRate = 10000;
 
 TEST(AnalogWindow, EnteringTheWindowStartsTheAcquisitionInsideIt) {
-  auto task = makeTask("window start");
-  ASSERT_EQ(addVoltage(*task, "SimDev1/ai0").code, 0);
-  ASSERT_EQ(sampleClock(*task, kRate, Vorex_Val_FiniteSamps, 100).code, 0);
+  auto task = clockedVoltage("window start", "SimDev1/ai0", kRate, Vorex_Val_FiniteSamps, 100);
   zqerr::Status status;
   task->configureAnalogWindowStartTrigger("SimDev1/ai0", Vorex_Val_EnteringWin, 0.6, 0.4, &status);
   ASSERT_EQ(status.code, 0) << status.report;
@@ -26,9 +24,7 @@ TEST(AnalogWindow, EnteringTheWindowStartsTheAcquisitionInsideIt) {
 }
 
 TEST(ReferenceTrigger, NeedsAFiniteAcquisitionLongerThanItsPretrigger) {
-  auto task = makeTask("reference refused");
-  ASSERT_EQ(addVoltage(*task, "SimDev1/ai0").code, 0);
-  ASSERT_EQ(sampleClock(*task, kRate, Vorex_Val_ContSamps, 1000).code, 0);
+  auto task = clockedVoltage("reference refused", "SimDev1/ai0", kRate, Vorex_Val_ContSamps, 1000);
   zqerr::Status status;
   task->configureAnalogEdgeReferenceTrigger("SimDev1/ai0", Vorex_Val_Rising, 0.25, 100, &status);
   ASSERT_EQ(status.code, 0);
@@ -36,9 +32,7 @@ TEST(ReferenceTrigger, NeedsAFiniteAcquisitionLongerThanItsPretrigger) {
 }
 
 TEST(AnalogTrigger, OnAChannelOutsideTheTaskIsRefused) {
-  auto task = makeTask("foreign source");
-  ASSERT_EQ(addVoltage(*task, "SimDev1/ai0").code, 0);
-  ASSERT_EQ(sampleClock(*task, kRate, Vorex_Val_FiniteSamps, 100).code, 0);
+  auto task = clockedVoltage("foreign source", "SimDev1/ai0", kRate, Vorex_Val_FiniteSamps, 100);
   zqerr::Status status;
   task->configureAnalogEdgeStartTrigger("SimDev1/ai3", Vorex_Val_Rising, 0.0, &status);
   const Outcome started = control(*task, 0);
@@ -47,9 +41,7 @@ TEST(AnalogTrigger, OnAChannelOutsideTheTaskIsRefused) {
 }
 
 TEST(DigitalTrigger, OnATerminalTheDeviceLacksIsRefused) {
-  auto task = makeTask("no such terminal");
-  ASSERT_EQ(addVoltage(*task, "SimDev1/ai0").code, 0);
-  ASSERT_EQ(sampleClock(*task, kRate, Vorex_Val_FiniteSamps, 100).code, 0);
+  auto task = clockedVoltage("no such terminal", "SimDev1/ai0", kRate, Vorex_Val_FiniteSamps, 100);
   zqerr::Status status;
   task->configureDigitalEdgeStartTrigger("/SimDev1/PFI99", Vorex_Val_Rising, &status);
   EXPECT_EQ(control(*task, 0).code, nZQMDEV::kErrorPhysicalChannelNotFound);
