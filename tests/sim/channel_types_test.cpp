@@ -118,16 +118,6 @@ INSTANTIATE_TEST_SUITE_P(Names, BadChannels,
                                                     nZQMDEV::kErrorPhysicalChannelNotFound},
                                          BadChannel{"Elsewhere/ai0", nZQMSTS::kErrorInvalidDeviceID}));
 
-TEST(Channels, AnInputRangeNoDeviceRangeHoldsIsRefusedAtTheStart) {
-  auto task = makeTask("too wide");
-  zqerr::Status status;
-  task->createAIVoltageChannel("SimDev1/ai0", "", -1, -20, 20, Vorex_Val_Volts, "", nullptr, &status);
-  ASSERT_EQ(status.code, 0);
-  const Outcome started = control(*task, 0);
-  EXPECT_EQ(started.code, nZQMDEV::kErrorValueOutOfRange);
-  EXPECT_EQ(itemValue(started.report, "kUsageTypeMaximumValue"), "10");
-}
-
 TEST(Channels, AnalogOutputsAndInputsDoNotShareATask) {
   auto task = makeTask("mixed");
   ASSERT_EQ(addVoltage(*task, "SimDev1/ai0").code, 0);

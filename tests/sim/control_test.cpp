@@ -22,7 +22,10 @@ TEST(Control, AWrongConfigurationFailsAtVerifyAndNotBefore) {
   zqerr::Status status;
   task->createAIVoltageChannel("SimDev1/ai0", "", -1, -12, 12, Vorex_Val_Volts, "", nullptr, &status);
   ASSERT_EQ(status.code, 0);
-  EXPECT_EQ(control(*task, kVerify).code, nZQMDEV::kErrorValueOutOfRange);
+  const Outcome verified = control(*task, kVerify);
+  EXPECT_EQ(verified.code, nZQMDEV::kErrorValueOutOfRange);
+  EXPECT_EQ(itemValue(verified.report, "kUsageTypeMaximumValue"), "10") << "the widest range the device has";
+  EXPECT_EQ(control(*task, kStart).code, nZQMDEV::kErrorValueOutOfRange);
   task->setChannelAttributeF64(zqgopher::StringArrayView(), Vorex_AIMax, 5, &status);
   task->setChannelAttributeF64(zqgopher::StringArrayView(), Vorex_AIMin, -5, &status);
   EXPECT_EQ(control(*task, kVerify).code, 0);
