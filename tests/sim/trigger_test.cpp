@@ -31,20 +31,16 @@ TEST(ReferenceTrigger, NeedsAFiniteAcquisitionLongerThanItsPretrigger) {
   EXPECT_EQ(control(*task, 0).code, nZQMDEV::kErrorReferenceTriggerNeedsFinite);
 }
 
-TEST(AnalogTrigger, OnAChannelOutsideTheTaskIsRefused) {
+TEST(StartTrigger, FromASourceTheRunCannotHaveIsRefusedAtTheStart) {
   auto task = clockedVoltage("foreign source", "SimDev1/ai0", kRate, Vorex_Val_FiniteSamps, 100);
   zqerr::Status status;
   task->configureAnalogEdgeStartTrigger("SimDev1/ai3", Vorex_Val_Rising, 0.0, &status);
   const Outcome started = control(*task, 0);
-  EXPECT_EQ(started.code, nZQMDEV::kErrorRouteNotSupported);
+  EXPECT_EQ(started.code, nZQMDEV::kErrorRouteNotSupported) << "an analog channel outside the task";
   EXPECT_EQ(itemValue(started.report, "kUsageTypeTerminalName"), "SimDev1/ai3");
-}
-
-TEST(DigitalTrigger, OnATerminalTheDeviceLacksIsRefused) {
-  auto task = clockedVoltage("no such terminal", "SimDev1/ai0", kRate, Vorex_Val_FiniteSamps, 100);
-  zqerr::Status status;
   task->configureDigitalEdgeStartTrigger("/SimDev1/PFI99", Vorex_Val_Rising, &status);
-  EXPECT_EQ(control(*task, 0).code, nZQMDEV::kErrorPhysicalChannelNotFound);
+  ASSERT_EQ(status.code, 0);
+  EXPECT_EQ(control(*task, 0).code, nZQMDEV::kErrorPhysicalChannelNotFound) << "a terminal the device lacks";
 }
 
 }  // namespace
