@@ -4,7 +4,6 @@
 
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <functional>
 #include <thread>
 
@@ -12,7 +11,6 @@
 #include "contexts/context.h"
 #include "plugin/plugin_manager.h"
 #include "selection/task_plugin_selector.h"
-#include "status/report_reader.h"
 #include "storage/storage_binding.h"
 #include "test_support.h"
 
@@ -20,21 +18,16 @@ namespace zqtest::sim {
 
 namespace {
 
-std::string programStem() {
-  std::string name = programPath().substr(programPath().find_last_of("/\\") + 1);
-  return name.substr(0, name.find('.'));
-}
-
 void tool(const std::string& store, const std::string& arguments) {
-  const std::string output = "storage_tmp/sim_setup_" + programStem() + ".txt";
+  const std::string output = "storage_tmp/sim_drive_setup.txt";
   const std::string line =
       siblingProgram("zqstorage") + " --store " + store + " " + arguments + " > " + output + " 2>&1";
   EXPECT_EQ(runCommand(line), 0) << arguments << ": " << readFile(output);
 }
 
 std::string makeStore() {
-  const std::string path = useFreshStore("sim_store_" + programStem());
-  const std::string csv = "storage_tmp/sim_recording_" + programStem() + ".csv";
+  const std::string path = useFreshStore("sim_drive_store");
+  const std::string csv = "storage_tmp/sim_drive_recording.csv";
   std::string text = "volts\n";
   for (double v : recording()) text += std::to_string(v) + "\n";
   writeFile(csv, text);
