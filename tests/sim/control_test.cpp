@@ -22,7 +22,10 @@ TEST(Control, AWrongConfigurationFailsAtVerifyAndNotBefore) {
   zqerr::Status status;
   task->createAIVoltageChannel("SimDev1/ai0", "", -1, -12, 12, Vorex_Val_Volts, "", nullptr, &status);
   ASSERT_EQ(status.code, 0);
-  EXPECT_EQ(control(*task, kVerify).code, nZQMDEV::kErrorValueOutOfRange);
+  const Outcome verified = control(*task, kVerify);
+  EXPECT_EQ(verified.code, nZQMDEV::kErrorValueOutOfRange);
+  EXPECT_EQ(itemValue(verified.report, "kUsageTypeMaximumValue"), "10") << "the widest range the device has";
+  EXPECT_EQ(control(*task, kStart).code, nZQMDEV::kErrorValueOutOfRange);
   task->setChannelAttributeF64(zqgopher::StringArrayView(), Vorex_AIMax, 5, &status);
   task->setChannelAttributeF64(zqgopher::StringArrayView(), Vorex_AIMin, -5, &status);
   EXPECT_EQ(control(*task, kVerify).code, 0);
@@ -45,9 +48,7 @@ TEST(Control, AReservationHeldUntilUnreserved) {
 }
 
 TEST(Control, WaitingForAContinuousTaskToEndTimesOut) {
-  auto task = makeTask("endless");
-  ASSERT_EQ(addVoltage(*task, "SimDev1/ai0").code, 0);
-  ASSERT_EQ(sampleClock(*task, 1000, Vorex_Val_ContSamps, 1000).code, 0);
+  auto task = clockedVoltage("endless", "SimDev1/ai0", 1000, Vorex_Val_ContSamps, 1000);
   ASSERT_EQ(control(*task, kStart).code, 0);
   zqerr::Status status;
   task->waitUntilTaskDone(0.02, &status);
@@ -59,9 +60,7 @@ TEST(Control, WaitingForAContinuousTaskToEndTimesOut) {
 }
 
 TEST(BinaryReads, GiveTheConverterCodesOfTheRange) {
-  auto task = makeTask("binary");
-  ASSERT_EQ(addVoltage(*task, "SimDev1/ai5:6", 5.0).code, 0);
-  ASSERT_EQ(sampleClock(*task, 1000, Vorex_Val_FiniteSamps, 10).code, 0);
+  auto task = clockedVoltage("binary", "SimDev1/ai5:6", 1000, Vorex_Val_FiniteSamps, 10, 5.0);
   std::vector<int16_t> codes(20, 0);
   zqerr::Status status;
   zqgopher::ArrayBufferAdapter buffer(codes.data(), codes.size(), &status);
@@ -76,9 +75,7 @@ TEST(BinaryReads, GiveTheConverterCodesOfTheRange) {
 }
 
 TEST(RawReads, GiveTheCodesAsLittleEndianBytesByScan) {
-  auto task = makeTask("raw");
-  ASSERT_EQ(addVoltage(*task, "SimDev1/ai5:6").code, 0);
-  ASSERT_EQ(sampleClock(*task, 1000, Vorex_Val_FiniteSamps, 4).code, 0);
+  auto task = clockedVoltage("raw", "SimDev1/ai5:6", 1000, Vorex_Val_FiniteSamps, 4);
   std::vector<uint8_t> bytes(16, 0);
   zqerr::Status status;
   zqgopher::ArrayBufferAdapter buffer(bytes.data(), bytes.size(), &status);

@@ -20,9 +20,7 @@ TEST(Generation, AFunctionGeneratorIsSeenOnItsInput) {
   generator->createAOFuncGenChannel("SimDev1/ao0", "", kSquare, 100, 2.0, 0.5, nullptr, &status);
   ASSERT_EQ(status.code, 0) << status.report;
   ASSERT_EQ(control(*generator, 0).code, 0);
-  auto input = makeTask("function input");
-  ASSERT_EQ(addVoltage(*input, "SimDev1/ai0").code, 0);
-  ASSERT_EQ(sampleClock(*input, 10000, Vorex_Val_FiniteSamps, 1000).code, 0);
+  auto input = clockedVoltage("function input", "SimDev1/ai0", 10000, Vorex_Val_FiniteSamps, 1000);
   const Samples read = readVoltages(*input, -1, 30.0, 1000);
   ASSERT_EQ(read.count, 1000u) << read.outcome.report;
   int high = 0;

@@ -1,6 +1,6 @@
 // Outputs wired back to inputs like a loopback cable: analog outputs seen on ai0:3, digital
 // lines read back, a counter output measured by a counter input (the count_edges example counts
-// one), and an acquisition started by an output's start trigger.
+// one). An acquisition started by an output's start trigger is in sim_e2e.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -44,32 +44,6 @@ TEST(Loopback, AnOutputOutsideItsRangeIsRefusedWithTheRange) {
   output->writeScaledScalarF64(kAnalogOutput, true, 10.0, 1.5, nullptr, &status);
   EXPECT_EQ(status.code, nZQMDEV::kErrorValueOutOfRange);
   EXPECT_EQ(itemValue(status.report, "kUsageTypeMaximumValue"), "1");
-}
-
-// The output's start trigger starts the acquisition: both run on one clock from one moment, so
-// the input's sample k is the output's sample k.
-TEST(Loopback, AnAcquisitionStartedByTheOutputsStartTriggerSeesEachSampleOfTheOutput) {
-  auto output = voltageOutput("SimDev1/ao1");
-  ASSERT_EQ(sampleClock(*output, 1000, Vorex_Val_FiniteSamps, 100).code, 0);
-  std::vector<double> ramp;
-  for (int k = 0; k < 100; ++k) ramp.push_back(-2.5 + 0.05 * k);
-  ASSERT_EQ(writeVoltages(*output, ramp, 1, false).code, 0);
-
-  auto input = makeTask("triggered input");
-  ASSERT_EQ(addVoltage(*input, "SimDev1/ai1").code, 0);
-  ASSERT_EQ(sampleClock(*input, 1000, Vorex_Val_FiniteSamps, 100).code, 0);
-  zqerr::Status status;
-  input->configureDigitalEdgeStartTrigger("/SimDev1/ao/StartTrigger", Vorex_Val_Rising, &status);
-  ASSERT_EQ(status.code, 0);
-  ASSERT_EQ(control(*input, 0).code, 0);
-  // Nothing comes before the output starts.
-  EXPECT_EQ(readVoltages(*input, 1, 0.0, 1).outcome.code, nZQMDEV::kErrorReadTimeout);
-  ASSERT_EQ(control(*output, 0).code, 0);
-  const Samples read = readVoltages(*input, 100, 30.0, 100);
-  ASSERT_EQ(read.count, 100u) << read.outcome.report;
-  for (int k = 0; k < 100; ++k) EXPECT_NEAR(read.data[k], ramp[k], 2 * kNoise) << k;
-  control(*input, 1);
-  control(*output, 1);
 }
 
 TEST(Loopback, AnOutputThatRunsOutOfSamplesIsAnUnderflow) {

@@ -38,7 +38,6 @@ INSTANTIATE_TEST_SUITE_P(
                     Parsed{"  SQUARE   frequency=5 duty=25 noise=0 ", WaveKind::kSquare, 1, 5, 0, 0},
                     Parsed{"triangle offset=-1.5e-1", WaveKind::kTriangle, 1, 10, -0.15, 0.001},
                     Parsed{"sawtooth phase=90 amplitude=0.25", WaveKind::kSawtooth, 0.25, 10, 0, 0.001},
-                    Parsed{"constant value=1.25", WaveKind::kConstant, 1, 10, 1.25, 0},
                     Parsed{"noise amplitude=0.5", WaveKind::kNoise, 0.5, 10, 0, 0},
                     Parsed{"file path=\"/data/run 3.csv\" rate=200 column=2", WaveKind::kFile, 1, 10, 0, 0}));
 
@@ -73,14 +72,6 @@ INSTANTIATE_TEST_SUITE_P(Texts, BadSignalText,
                                          Refused{"sine path=\"open", "quote"},
                                          Refused{"sine colour=red", "colour"},
                                          Refused{"file path=x format=wav", "format"}));
-
-TEST(SignalText, TheDefaultGrowsWithTheInputNumber) {
-  EXPECT_EQ(defaultSignal(0).amplitude, 1.0);
-  EXPECT_EQ(defaultSignal(0).frequency, 10.0);
-  EXPECT_EQ(defaultSignal(3).amplitude, 2.5);
-  EXPECT_EQ(defaultSignal(3).frequency, 40.0);
-  EXPECT_EQ(defaultSignal(3).kind, WaveKind::kSine);
-}
 
 }  // namespace
 }  // namespace zqsim

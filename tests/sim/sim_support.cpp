@@ -4,7 +4,6 @@
 
 #include <chrono>
 #include <cmath>
-#include <cstdio>
 #include <functional>
 #include <thread>
 
@@ -12,7 +11,6 @@
 #include "contexts/context.h"
 #include "plugin/plugin_manager.h"
 #include "selection/task_plugin_selector.h"
-#include "status/report_reader.h"
 #include "storage/storage_binding.h"
 #include "test_support.h"
 
@@ -20,21 +18,16 @@ namespace zqtest::sim {
 
 namespace {
 
-std::string programStem() {
-  std::string name = programPath().substr(programPath().find_last_of("/\\") + 1);
-  return name.substr(0, name.find('.'));
-}
-
 void tool(const std::string& store, const std::string& arguments) {
-  const std::string output = "storage_tmp/sim_setup_" + programStem() + ".txt";
+  const std::string output = "storage_tmp/sim_drive_setup.txt";
   const std::string line =
       siblingProgram("zqstorage") + " --store " + store + " " + arguments + " > " + output + " 2>&1";
   EXPECT_EQ(runCommand(line), 0) << arguments << ": " << readFile(output);
 }
 
 std::string makeStore() {
-  const std::string path = useFreshStore("sim_store_" + programStem());
-  const std::string csv = "storage_tmp/sim_recording_" + programStem() + ".csv";
+  const std::string path = useFreshStore("sim_drive_store");
+  const std::string csv = "storage_tmp/sim_drive_recording.csv";
   std::string text = "volts\n";
   for (double v : recording()) text += std::to_string(v) + "\n";
   writeFile(csv, text);
@@ -56,17 +49,11 @@ std::shared_ptr<zqvorexRedir::IPluginSelector> selector() {
   return shared;
 }
 
-std::string binFolder() {
-  const std::string& program = programPath();
-  const size_t slash = program.find_last_of("/\\");
-  return slash == std::string::npos ? std::string(".") : program.substr(0, slash);
-}
-
 // One manager for the program, never destroyed: as in the library, the plug-in stays loaded to
 // the process's end, so what it keeps for the process (its device registry) stays reachable.
 std::shared_ptr<zqvorexRedir::PluginManager> manager() {
   using Manager = zqvorexRedir::PluginManager;
-  static const auto* shared = new std::shared_ptr<Manager>(std::make_shared<Manager>(binFolder()));
+  static const auto* shared = new std::shared_ptr<Manager>(std::make_shared<Manager>(siblingProgram(".")));
   return *shared;
 }
 
@@ -119,6 +106,14 @@ Outcome control(zqvorexRedir::ITask& task, int32_t action) {
   zqerr::Status status;
   task.controlTask(action, true, &status);
   return take(status);
+}
+
+std::shared_ptr<zqvorexRedir::Task> clockedVoltage(const std::string& name, const std::string& physical, double rate,
+                                                   int32_t mode, uint64_t samples, double range) {
+  auto task = makeTask(name);
+  EXPECT_EQ(addVoltage(*task, physical, range).code, 0);
+  EXPECT_EQ(sampleClock(*task, rate, mode, samples).code, 0);
+  return task;
 }
 
 Samples readVoltages(zqvorexRedir::ITask& task, int64_t samples, double timeout, uint64_t capacity) {

@@ -50,6 +50,9 @@ Outcome take(const zqerr_Status& status);
 Outcome addVoltage(zqvorexRedir::ITask& task, const std::string& physical, double range = 10.0);
 Outcome sampleClock(zqvorexRedir::ITask& task, double rate, int32_t mode, uint64_t samples);
 Outcome control(zqvorexRedir::ITask& task, int32_t action);
+// A task of voltage inputs of +-`range` V on the sample clock.
+std::shared_ptr<zqvorexRedir::Task> clockedVoltage(const std::string& name, const std::string& physical, double rate,
+                                                   int32_t mode, uint64_t samples, double range = 10.0);
 
 struct Samples {
   Outcome outcome;

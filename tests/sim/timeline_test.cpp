@@ -1,6 +1,7 @@
-// A run's timeline: where its triggers fall on the signals and the times of its samples. The
-// device's time runs a million times as fast as the wall clock here, so what lies in its
-// future comes at once.
+// A run's timeline: the times of its samples, a reference edge too early for the pretrigger,
+// and the triggers the simulated signals cannot make on their own. The device's time runs a
+// million times as fast as the wall clock here, so what lies in its future comes at once.
+// Analog and digital edges and reference triggers are checked where they fall in sim_e2e.
 #include "timeline.h"
 
 #include <gtest/gtest.h>
@@ -46,53 +47,6 @@ TEST(Timeline, WithoutTriggersSamplesStartAtTheArmingOnTheClock) {
   EXPECT_EQ(t.availableAt(0.0495), 50u);
   EXPECT_EQ(t.availableAt(5.0), 100u) << "a finite run has no more";
   EXPECT_TRUE(std::isinf(t.timeWhenAvailable(101)));
-}
-
-struct AnalogCase {
-  Edge edge;
-  double level;
-  uint64_t tick;  // the first tick where the ramp crosses
-};
-
-class AnalogStart : public testing::TestWithParam<AnalogCase> {};
-
-TEST_P(AnalogStart, FallsOnTheTickThatCrossesTheLevel) {
-  TimelineConfig c = finite(10);
-  c.start.type = val::kAnlgEdge;
-  c.start.edge = GetParam().edge;
-  c.start.level = GetParam().level;
-  // A triangle of 1 V up and down in 2 s, so both slopes cross.
-  c.start.analog = [](double tau) { return 1.0 - std::fabs(std::fmod(tau, 2.0) - 1.0); };
-  Timeline t(fastDevice(), c);
-  ASSERT_TRUE(ready(t));
-  EXPECT_DOUBLE_EQ(t.timeOf(0), GetParam().tick / 1000.0);
-}
-
-INSTANTIATE_TEST_SUITE_P(Levels, AnalogStart,
-                         testing::Values(AnalogCase{Edge::kRising, 0.5005, 501},
-                                         AnalogCase{Edge::kRising, 0.9995, 1000},
-                                         AnalogCase{Edge::kFalling, 0.2505, 1750}));
-
-TEST(Timeline, ADigitalStartTriggerStartsAtItsEdge) {
-  TimelineConfig c = finite(10);
-  c.start.type = val::kDigEdge;
-  c.start.edge = Edge::kRising;
-  c.start.digital = [] { return triggerPulse(0.2505); };
-  Timeline t(fastDevice(), c);
-  ASSERT_TRUE(ready(t));
-  EXPECT_DOUBLE_EQ(t.timeOf(0), 0.2505);
-}
-
-TEST(Timeline, AReferenceEdgeKeepsThePretriggerSamplesBeforeIt) {
-  TimelineConfig c = finite(100);
-  c.reference.type = val::kDigEdge;
-  c.reference.edge = Edge::kRising;
-  c.reference.digital = [] { return triggerPulse(0.3); };
-  c.pretrigger = 10;
-  Timeline t(fastDevice(), c);
-  ASSERT_TRUE(ready(t));
-  EXPECT_EQ(t.firstTick(), 290u);
-  EXPECT_DOUBLE_EQ(t.timeOf(10), 0.3);
 }
 
 TEST(Timeline, AnEdgeBeforeThePretriggerIsFullIsPassedOver) {

@@ -192,13 +192,16 @@ end:
   return failed;
 }
 
-/* ---- A finite acquisition that tells it is done. ---- */
+#define FINITE_SAMPLES 2000
+
+/* ---- A finite acquisition that tells each sample clock and that it is done. ---- */
 
 typedef struct Done {
   atomic_int calls;
   atomic_int status;
   TaskHandle task;
   atomic_int sameTask;
+  atomic_int ticks;
 } Done;
 
 static int32 onDone(TaskHandle task, int32 status, void* data) {
@@ -209,9 +212,14 @@ static int32 onDone(TaskHandle task, int32 status, void* data) {
   return 0;
 }
 
-static int doneCalled(void* data) { return atomic_load(&((Done*)data)->calls) > 0; }
+static int32 onTick(TaskHandle task, int32 signal, void* data) {
+  (void)task, (void)signal;
+  atomic_fetch_add(&((Done*)data)->ticks, 1);
+  return 0;
+}
 
-#define FINITE_SAMPLES 2000
+static int doneCalled(void* data) { return atomic_load(&((Done*)data)->calls) > 0; }
+static int everyTick(void* data) { return atomic_load(&((Done*)data)->ticks) >= FINITE_SAMPLES; }
 
 static int finiteWithDone(char* why, size_t size) {
   static float64 values[FINITE_SAMPLES + 1];
@@ -228,8 +236,10 @@ static int finiteWithDone(char* why, size_t size) {
   CALL(VorexCreateAIVoltageChan(task, "SimDev1/ai2", "", Vorex_Val_Cfg_Default, -5.0, 5.0, Vorex_Val_Volts, NULL));
   CALL(VorexCfgSampClkTiming(task, "", 10000.0, Vorex_Val_Rising, Vorex_Val_FiniteSamps, FINITE_SAMPLES));
   CALL(VorexRegisterDoneEvent(task, 0, onDone, &d));
+  CALL(VorexRegisterSignalEvent(task, Vorex_Val_SampleClock, 0, onTick, &d));
   CALL(VorexStartTask(task));
   CHECK(sim_e2e_await(doneCalled, &d));
+  CHECK(sim_e2e_await(everyTick, &d));
   CHECK(atomic_load(&d.status) == 0);
   CHECK(atomic_load(&d.sameTask));
   CALL(VorexIsTaskDone(task, &isDone));
@@ -242,7 +252,7 @@ static int finiteWithDone(char* why, size_t size) {
   for (int i = 0; i < FINITE_SAMPLES; ++i) CHECK(fabs(values[i]) <= amplitudeOf(2) + NOISE);
   CHECK(VorexReadAnalogF64(task, 1, 0.0, Vorex_Val_GroupByChannel, values, 1, &read, NULL) == READ_BEYOND_END);
   CALL(VorexStopTask(task));
-  CHECK(atomic_load(&d.calls) == 1);
+  CHECK(atomic_load(&d.calls) == 1 && atomic_load(&d.ticks) == FINITE_SAMPLES);
 end:
   VorexClearTask(task);
   return failed;
@@ -288,13 +298,9 @@ static int analogEdgeStart(char* why, size_t size) {
      * level, so the trigger is within one sample of the crossing. */
     const double step = (values[4] - values[0]) / 4.0;
     const double before = values[0] - step;
-    if (e->slope == Vorex_Val_Rising) {
-      CHECK(step > 0.004);
-      CHECK(values[0] >= e->level && before < e->level + NOISE);
-    } else {
-      CHECK(step < -0.004);
-      CHECK(values[0] <= e->level && before > e->level - NOISE);
-    }
+    const double sign = e->slope == Vorex_Val_Rising ? 1.0 : -1.0;
+    CHECK(sign * step > 0.004);
+    CHECK(sign * (values[0] - e->level) >= 0 && sign * (before - e->level) < NOISE);
     CALL(VorexClearTask(task));
     task = 0;
   }

@@ -6,14 +6,11 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <condition_variable>
-#include <cstdio>
-#include <cstdlib>
-#include <mutex>
 #include <string>
 #include <thread>
 
 #include "installation.h"
+#include "reentry_hang_guard.h"
 #include "sim_e2e_support.h"
 #include "test_installation.h"
 
@@ -48,41 +45,14 @@ class Installation : public testing::Environment {
 
 const testing::Environment* const kInstallation = testing::AddGlobalTestEnvironment(new Installation);
 
-// Ends the program when the scenario it watches has not returned in time.
-class ScenarioGuard {
- public:
-  explicit ScenarioGuard(const char* name)
-      : watcher_([this, name] {
-          std::unique_lock<std::mutex> lock(mutex_);
-          if (!changed_.wait_for(lock, kScenarioGuard, [this] { return finished_; })) {
-            std::fprintf(stderr, "scenario %s hangs\n", name);
-            std::fflush(stderr);
-            std::abort();
-          }
-        }) {}
-  ~ScenarioGuard() {
-    {
-      std::lock_guard<std::mutex> lock(mutex_);
-      finished_ = true;
-    }
-    changed_.notify_all();
-    watcher_.join();
-  }
-
- private:
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  bool finished_ = false;
-  std::thread watcher_;
-};
-
 class SimEndToEnd : public testing::TestWithParam<const SimE2eCase*> {};
 
 TEST_P(SimEndToEnd, HoldsEveryCheck) {
   char why[1024] = "";
   int failed = 0;
   {
-    ScenarioGuard guard(GetParam()->name);
+    const std::string name = GetParam()->name;
+    zqtest::HangGuard guard(kScenarioGuard, [name] { return "scenario " + name; });
     failed = GetParam()->run(why, sizeof why);
   }
   EXPECT_EQ(failed, 0) << why;
