@@ -47,18 +47,6 @@ TEST_F(PairPath, TimesAndTicksGoHighToTheFirstArrayAndLowToTheSecond) {
   EXPECT_EQ(std::vector<uint32_t>(lowTicks, lowTicks + 2), (std::vector<uint32_t>{20, 40}));
 }
 
-TEST_F(PairPath, FewerSamplesThanAskedLeaveZerosFromTheTemporaryArray) {
-  channels({"ctr0"}, 0);
-  task->fill = [](zqgopher_IArrayBuffer* b, zqerr_Status* s) { deliver<FreqRecord>(b, 1, 1, {{0.5, 50}}, s); };
-  task->on("readVectorCounterDutyCycleAndFrequencyF64").value(uint32_t{1});
-  double frequency[3] = {9, 9, 9}, dutyCycle[3] = {9, 9, 9};
-  int32_t got = 0;
-  EXPECT_EQ(VorexReadCtrFreq(handle, 3, 1.0, 0, frequency, dutyCycle, 3, &got, nullptr), 0);
-  EXPECT_EQ(std::vector<double>(frequency, frequency + 3), (std::vector<double>{50, 0, 0}));
-  EXPECT_EQ(std::vector<double>(dutyCycle, dutyCycle + 3), (std::vector<double>{0.5, 0, 0}));
-  EXPECT_EQ(got, 1);
-}
-
 // The failures of the pair path before the plug-in, in the order in which they are tested.
 struct PairFailure {
   const char* what;

@@ -33,18 +33,6 @@ TEST_F(VectorPath, TheCallersArrayGoesToThePlugInInTheTasksShape) {
   }
 }
 
-TEST_F(VectorPath, UnsignedAndSignedBinaryWritesSendTheSameBits) {
-  channels(1);
-  for (size_t twin : {1, 3}) {  // U16 and I16, U32 and I32
-    ASSERT_EQ(kWrites[twin].call({.handle = handle, .n = 6}), 0);
-    const std::vector<uint8_t> fromUnsigned = task->seen.bytes;
-    const std::string opUnsigned = task->calls().back().op;
-    ASSERT_EQ(kWrites[twin + 1].call({.handle = handle, .n = 6}), 0);
-    EXPECT_EQ(task->seen.bytes, fromUnsigned);
-    EXPECT_EQ(task->calls().back().op, opUnsigned);
-  }
-}
-
 TEST_F(VectorPath, FailedChecksStopBeforeTheTaskWithTheirItems) {
   channels(2, 1);
   struct Check {
@@ -94,16 +82,6 @@ TEST_F(VectorPath, ACountOfZeroNeedsAnArrayAndReachesThePlugInWithAnEmptyShape) 
     EXPECT_EQ(callsOf(c.op), 1u);
     EXPECT_EQ(task->seen.sampsPerChan, 0u);
     EXPECT_EQ(written, 9);
-  }
-}
-
-TEST_F(VectorPath, WithoutAnOutParameterTheWriteStillHappens) {
-  channels(1, 1);
-  for (const WriteRoute& c : kChecked) {
-    SCOPED_TRACE(c.name);
-    task->clearCalls();
-    EXPECT_EQ(c.call({.handle = handle}), 0);
-    EXPECT_EQ(callsOf(c.op), 1u);
   }
 }
 
