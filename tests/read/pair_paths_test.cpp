@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "read_fixture.h"
+#include "read_task.h"
 
 namespace zqtest {
 namespace {

@@ -1,7 +1,7 @@
 // The scalar reads: one value, or one pair, through out-parameters.
 #include <functional>
 
-#include "read_fixture.h"
+#include "read_task.h"
 
 namespace zqtest {
 namespace {

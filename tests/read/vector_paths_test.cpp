@@ -4,7 +4,7 @@
 #include <functional>
 #include <stdexcept>
 
-#include "read_fixture.h"
+#include "read_task.h"
 
 namespace zqtest {
 namespace {

@@ -33,7 +33,7 @@ TEST_F(Routing, EveryWriteReachesItsOperationWithKindAutoStartAndLayout) {
   }
 }
 
-TEST_F(Routing, ANonNullReservedStopsEveryWriteBeforeTheTask) {
+TEST_F(Routing, ANonNullReservedOrANullHandleStopsEveryWriteBeforeTheTask) {
   channels(2, 1, 2);
   for (const WriteRoute& r : kWrites) {
     SCOPED_TRACE(r.name);
@@ -43,12 +43,6 @@ TEST_F(Routing, ANonNullReservedStopsEveryWriteBeforeTheTask) {
     EXPECT_TRUE(task->calls().empty()) << task->calls().front().op;
     ASSERT_NE(lastError(), nullptr);
     EXPECT_EQ(lastError()->status.code, -200492);
-  }
-}
-
-TEST_F(Routing, ANullHandleFailsEveryWrite) {
-  for (const WriteRoute& r : kWrites) {
-    SCOPED_TRACE(r.name);
     EXPECT_EQ(r.call({.handle = nullptr, .autoStart = 1}), -200230);
   }
 }

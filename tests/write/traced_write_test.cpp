@@ -6,7 +6,7 @@
 
 #include "guard_page.h"
 #include "spy_client.h"
-#include "write_task.h"
+#include "write_fixture.h"
 #include "zqcai_rd_mbcs.h"
 
 namespace zqtest {
