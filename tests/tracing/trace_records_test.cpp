@@ -151,6 +151,7 @@ TEST_F(Tracing, ParameterHelpersWriteTheirRecords) {
   };
   static const int16_t kWordData[] = {-1, 2, 300};
   static const int16_t* const kWords = kWordData;
+  static const double kAttribute = 2.5;
   const Case cases[] = {
       {[](TraceCall& t) { t.paramArray("writeArray", kI16Array, kWords, 3); },
        rec("writeArray", 0, 8, 8, 8, pointerText(kWords)) + " " + rec("writeArray", 1, 8, 8, 24, "[-1, 2, 300]")},
@@ -168,6 +169,8 @@ TEST_F(Tracing, ParameterHelpersWriteTheirRecords) {
       {[](TraceCall& t) { t.param("sampsPerChan", kU64, uint64_t{1} << 40); },
        rec("sampsPerChan", 0, 95, 8, 8, "1099511627776")},
       {[](TraceCall& t) { t.param("data", kBool32, uint32_t{1}); }, rec("data", 0, 21, 4, 4, "1")},
+      {[](TraceCall& t) { t.param("data", kF64AttributePointer, &kAttribute); },
+       rec("data", 0, 91, 8, 8, pointerText(&kAttribute))},
   };
   for (const Case& c : cases) {
     std::string line = lineOf([&] {
@@ -192,6 +195,7 @@ TEST_F(Tracing, ReturnHelpersWriteTheirRecords) {
        rec("readArray", 0, 10, 8, 10, "[1, 2, 3, 4, 5, 6, 7, 8, ... 10 in all]")},
       {[](TraceCall& t) { t.retEnum("*data", 0x1094, 10348); }, rec("*data", 0, 103, 4, 8, "{0x1094,10348}")},
       {[](TraceCall& t) { t.retText("buffer", "abcdef", 3); }, rec("buffer", 0, 79, 1, 3, "\"abc\"")},
+      {[](TraceCall& t) { t.ret("*data", kF64Attribute, 2.5); }, rec("*data", 0, 19, 8, 8, "2.5")},
   };
   for (const Case& c : cases) {
     std::string line = lineOf([&] {
