@@ -62,38 +62,6 @@ TEST_F(PairPath, HighGoesToTheFirstFieldAndLowToTheSecond) {
 
 const std::vector<WriteRoute> kPairs = writesOf({WriteShape::kPair});
 
-TEST_F(PairPath, FailedChecksStopBeforeTheTaskWithTheirItems) {
-  channels(2);
-  struct Check {
-    const char* what;
-    int32_t n;
-    bool nullFirst, nullSecond;
-    int32_t code;
-    const char* usage;
-    const char* value;
-  };
-  const Check checks[] = {
-      {"first array null", 2, true, false, -200230, "kUsageTypeParamNum", "6"},
-      {"second array null", 2, false, true, -200230, "kUsageTypeParamNum", "7"},
-      {"both null: the first is named", 2, true, true, -200230, "kUsageTypeParamNum", "6"},
-      {"negative count", -1, false, false, -200622, "kUsageTypeNumSampsToWrite", "-1"},
-  };
-  for (const WriteRoute& c : kPairs) {
-    for (const Check& k : checks) {
-      SCOPED_TRACE(std::string(c.name) + ": " + k.what);
-      task->clearCalls();
-      clearLastError();
-      int32_t written = -7;
-      EXPECT_EQ(c.call({handle, k.n, 0, 0, k.nullFirst, k.nullSecond, &written}), k.code);
-      EXPECT_TRUE(task->calls().empty());
-      EXPECT_EQ(written, 0);
-      EXPECT_EQ(lastErrorItem(0, "usage"), k.usage);
-      EXPECT_EQ(lastErrorItem(0, "value"), k.value);
-      EXPECT_EQ(lastErrorItem(1, "usage"), kAbsent);  // one item: the first failure stays alone
-    }
-  }
-}
-
 TEST_F(PairPath, ATaskWithoutChannelsFailsWithoutAPlugInCall) {
   channels(0);
   for (const WriteRoute& c : kPairs) {

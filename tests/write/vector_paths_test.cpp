@@ -33,39 +33,6 @@ TEST_F(VectorPath, TheCallersArrayGoesToThePlugInInTheTasksShape) {
   }
 }
 
-TEST_F(VectorPath, FailedChecksStopBeforeTheTaskWithTheirItems) {
-  channels(2, 1);
-  struct Check {
-    const char* what;
-    int32_t n;
-    bool nullArray;
-    int32_t code;
-    const char* usage;
-    const char* value;
-    const char* valueType;
-  };
-  const Check checks[] = {
-      {"null array with a count", 4, true, -200230, "kUsageTypeParamNum", "6", "int32_t"},
-      {"negative count", -1, false, -200622, "kUsageTypeNumSampsToWrite", "-1", "int32_t"},
-      {"very negative count", -5000, false, -200622, "kUsageTypeNumSampsToWrite", "-5000", "int32_t"},
-      {"null array comes first", -1, true, -200230, "kUsageTypeParamNum", "6", "int32_t"},
-  };
-  for (const WriteRoute& c : kChecked) {
-    for (const Check& k : checks) {
-      SCOPED_TRACE(std::string(c.name) + ": " + k.what);
-      task->clearCalls();
-      clearLastError();
-      int32_t written = -7;
-      EXPECT_EQ(c.call({.handle = handle, .n = k.n, .nullFirst = k.nullArray, .written = &written}), k.code);
-      EXPECT_TRUE(task->calls().empty());
-      EXPECT_EQ(written, 0);
-      EXPECT_EQ(lastErrorItem(0, "usage"), k.usage);
-      EXPECT_EQ(lastErrorItem(0, "value"), k.value);
-      EXPECT_EQ(lastErrorItem(0, "value_type"), k.valueType);
-    }
-  }
-}
-
 TEST_F(VectorPath, ACountOfZeroNeedsAnArrayAndReachesThePlugInWithAnEmptyShape) {
   channels(2, 1);
   for (const WriteRoute& c : kChecked) {

@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <initializer_list>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -194,7 +193,7 @@ inline const WriteRoute kWrites[] = {
 #undef ZQ_SCALAR
 
 // The writes of the given shapes, in table order.
-inline std::vector<WriteRoute> writesOf(std::initializer_list<WriteShape> shapes) {
+inline std::vector<WriteRoute> writesOf(const std::vector<WriteShape>& shapes) {
   std::vector<WriteRoute> out;
   for (const WriteRoute& w : kWrites)
     if (std::find(shapes.begin(), shapes.end(), w.shape) != shapes.end()) out.push_back(w);
