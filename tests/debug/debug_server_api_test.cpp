@@ -53,13 +53,11 @@ INSTANTIATE_TEST_SUITE_P(
                       std::string text;
                       v.getPipeName(text, s);
                     }},
-        MissingCase{"setPluginName", 9, [](auto&, auto& t, auto* s) { t.setPluginName("zqvorexDebug", s); }},
         MissingCase{"getPhysicalChannels", 16,
                     [](auto&, auto& t, auto* s) {
                       std::vector<std::string> list;
                       t.getPhysicalChannels(list, s);
                     }},
-        MissingCase{"clearCachedSamples", 24, [](auto&, auto& t, auto* s) { t.clearCachedSamples(0, s); }},
         MissingCase{"cacheSamplesLineU8", 37,
                     [](auto&, auto& t, auto* s) {
                       zqerr::Status caller;

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "boundary/array_view.h"
-#include "read_fixture.h"
+#include "read_task.h"
 
 namespace zqtest {
 namespace {

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "read_fixture.h"
+#include "read_task.h"
 
 namespace zqtest {
 namespace {
@@ -47,21 +47,12 @@ TEST_F(PairPath, TimesAndTicksGoHighToTheFirstArrayAndLowToTheSecond) {
   EXPECT_EQ(std::vector<uint32_t>(lowTicks, lowTicks + 2), (std::vector<uint32_t>{20, 40}));
 }
 
-TEST_F(PairPath, FewerSamplesThanAskedLeaveZerosFromTheTemporaryArray) {
-  channels({"ctr0"}, 0);
-  task->fill = [](zqgopher_IArrayBuffer* b, zqerr_Status* s) { deliver<FreqRecord>(b, 1, 1, {{0.5, 50}}, s); };
-  task->on("readVectorCounterDutyCycleAndFrequencyF64").value(uint32_t{1});
-  double frequency[3] = {9, 9, 9}, dutyCycle[3] = {9, 9, 9};
-  int32_t got = 0;
-  EXPECT_EQ(VorexReadCtrFreq(handle, 3, 1.0, 0, frequency, dutyCycle, 3, &got, nullptr), 0);
-  EXPECT_EQ(std::vector<double>(frequency, frequency + 3), (std::vector<double>{50, 0, 0}));
-  EXPECT_EQ(std::vector<double>(dutyCycle, dutyCycle + 3), (std::vector<double>{0.5, 0, 0}));
-  EXPECT_EQ(got, 1);
-}
-
-// The failures of the pair path before the plug-in, in the order in which they are tested.
+// The failures of the pair and power paths before the plug-in, in the order in which they are
+// tested. The power path resolves the count before it reads the channels, and stores the count
+// read (0 without a call) on any status; the pair path leaves it.
 struct PairFailure {
   const char* what;
+  bool power;
   bool firstNull, secondNull;
   int32_t count;
   size_t channels;
@@ -72,13 +63,17 @@ struct PairFailure {
 };
 
 const PairFailure kPairFailures[] = {
-    {"first array null", true, false, 2, 1, 4, -200230, "kUsageTypeParamNum", "5"},
-    {"second array null", false, true, 2, 1, 4, -200230, "kUsageTypeParamNum", "6"},
-    {"both null: the first is named", true, true, 2, 1, 4, -200230, "kUsageTypeParamNum", "5"},
-    {"no channels to read", false, false, 2, 0, 4, -201395, zqtest::kAbsent, zqtest::kAbsent},
-    {"no channels and a bad count", false, false, -3, 0, 4, -201395, zqtest::kAbsent, zqtest::kAbsent},
-    {"bad count", false, false, -3, 1, 4, -200096, "kUsageTypeRequestedNumberSamples", "-3"},
-    {"array too small", false, false, 3, 2, 5, -200229, "kUsageTypeBufferLength", "5"},
+    {"first array null", false, true, false, 2, 1, 4, -200230, "kUsageTypeParamNum", "5"},
+    {"second array null", false, false, true, 2, 1, 4, -200230, "kUsageTypeParamNum", "6"},
+    {"both null: the first is named", false, true, true, 2, 1, 4, -200230, "kUsageTypeParamNum", "5"},
+    {"no channels to read", false, false, false, 2, 0, 4, -201395, kAbsent, kAbsent},
+    {"no channels and a bad count", false, false, false, -3, 0, 4, -201395, kAbsent, kAbsent},
+    {"bad count", false, false, false, -3, 1, 4, -200096, "kUsageTypeRequestedNumberSamples", "-3"},
+    {"array too small", false, false, false, 3, 2, 5, -200229, "kUsageTypeBufferLength", "5"},
+    {"power: a bad count ahead of no channels", true, false, false, -3, 0, 4, -200096,
+     "kUsageTypeRequestedNumberSamples", "-3"},
+    {"power: no channels", true, false, false, 2, 0, 4, -201395, kAbsent, kAbsent},
+    {"power: array too small", true, false, false, 3, 2, 5, -200229, "kUsageTypeBufferLength", "5"},
 };
 
 TEST_F(PairPath, FailuresBeforeThePluginIsCalled) {
@@ -89,13 +84,15 @@ TEST_F(PairPath, FailuresBeforeThePluginIsCalled) {
     clearLastError();
     double a[8] = {9, 9, 9, 9, 9, 9, 9, 9}, b[8] = {9, 9, 9, 9, 9, 9, 9, 9};
     int32_t got = 77;
-    EXPECT_EQ(VorexReadCtrFreq(task->handle(), f.count, 1.0, 0, f.firstNull ? nullptr : a,
-                               f.secondNull ? nullptr : b, f.size, &got, nullptr),
+    const auto read = f.power ? &VorexReadPowerF64 : &VorexReadCtrFreq;
+    EXPECT_EQ(read(task->handle(), f.count, 1.0, 0, f.firstNull ? nullptr : a, f.secondNull ? nullptr : b, f.size,
+                   &got, nullptr),
               f.code);
     EXPECT_EQ(lastErrorItem(0, "usage"), f.usage);
     EXPECT_EQ(lastErrorItem(0, "value"), f.value);
-    EXPECT_EQ(readCalls("readVectorCounterDutyCycleAndFrequencyF64"), 0u);
-    EXPECT_EQ(got, 77);
+    EXPECT_EQ(readCalls(f.power ? "readVectorPowerVoltageAndCurrentF64" : "readVectorCounterDutyCycleAndFrequencyF64"),
+              0u);
+    EXPECT_EQ(got, f.power ? 0 : 77);
     // Cleared only when both arrays are there.
     const bool cleared = !f.firstNull && !f.secondNull;
     EXPECT_EQ(a[0], cleared ? 0 : 9);
@@ -151,35 +148,6 @@ TEST_F(PowerPath, BinaryPairsSplitTheSameWay) {
   EXPECT_EQ(std::vector<int16_t>(voltage, voltage + 3), (std::vector<int16_t>{-1, -2, 0}));
   EXPECT_EQ(std::vector<int16_t>(current, current + 3), (std::vector<int16_t>{1, 2, 0}));
   EXPECT_EQ(task->layoutSeen, 1);
-}
-
-// The power path resolves the count before it reads the channels, and stores the count read
-// (0 without a call) on any status.
-struct PowerFailure {
-  const char* what;
-  int32_t count;
-  size_t channels;
-  uint32_t size;
-  int32_t code;
-};
-
-const PowerFailure kPowerFailures[] = {
-    {"bad count is reported ahead of no channels", -3, 0, 4, -200096},
-    {"no channels", 2, 0, 4, -201395},
-    {"array too small", 3, 2, 5, -200229},
-};
-
-TEST_F(PowerPath, FailuresStoreACountOfZero) {
-  for (const PowerFailure& f : kPowerFailures) {
-    SCOPED_TRACE(f.what);
-    task = ReadTask::make();
-    channels(std::vector<std::string>(f.channels, "x"), 0);
-    double a[8], b[8];
-    int32_t got = 77;
-    EXPECT_EQ(VorexReadPowerF64(task->handle(), f.count, 1.0, 0, a, b, f.size, &got, nullptr), f.code);
-    EXPECT_EQ(readCalls("readVectorPowerVoltageAndCurrentF64"), 0u);
-    EXPECT_EQ(got, 0);
-  }
 }
 
 TEST_F(PowerPath, PluginFailureStillStoresTheCount) {

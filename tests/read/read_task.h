@@ -1,14 +1,20 @@
 // A recording task that also acts as a plug-in on the read operations: it keeps the layout it
-// was given and fills the buffer it was given, before the recorded reply is applied.
+// was given and fills the buffer it was given, before the recorded reply is applied. And the
+// fixture that owns one.
 #pragma once
+
+#include <gtest/gtest.h>
 
 #include <cstdint>
 #include <cstring>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
+#include "frame/last_error_probe.h"
 #include "recording_task.h"
+#include "zqcai_rd_mbcs.h"
 
 namespace zqtest {
 
@@ -73,6 +79,25 @@ class ReadTask : public RecordingTask {
     return RecordingTask::readRawU8(kind, buffer, n, timeout, width, reserved, status);
   }
   uint32_t widthSeen = 0;  // *numBytesPerSamp as readRawU8 received it
+};
+
+// The fixture of the read tests: a fresh task for each.
+class ReadTest : public testing::Test {
+ protected:
+  void SetUp() override { clearLastError(); }
+
+  // The task reads `names.size()` channels and has `available` samples per channel.
+  void channels(std::vector<std::string> names, uint64_t available = 0) {
+    task->on("getReadAttributeStringVtr").strings(std::move(names));
+    task->on("getReadAttributeSize").value(available);
+  }
+  size_t readCalls(const std::string& op) const { return task->callCount(op); }
+  int64_t countSeen() const { return std::get<int64_t>(task->lastCall().arg("numSampsPerChan")->value); }
+  uint64_t kindSeen() const { return std::get<uint64_t>(task->lastCall().arg("channelKind")->value); }
+
+  std::shared_ptr<ReadTask> task = ReadTask::make();
+  TaskHandle handle = task->handle();
+  bool32 reservedWord = 0;
 };
 
 }  // namespace zqtest

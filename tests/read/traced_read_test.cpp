@@ -40,30 +40,18 @@ TEST_F(TracedRead, DirectReadWithNamedValues) {
                             " *sampsPerChanRead@1:75[4,4]=1 retval@2:75[4,4]=0 ok");
 }
 
-// Null pointers log as pointers, and a mode without a name as its number.
+// Null pointers log as pointers, a mode without a name as its number, and a read's timeout is
+// a number even when it is infinite.
 TEST_F(TracedRead, DirectReadWithNullPointersAndAPlainMode) {
   bool32 reserved = 0;
-  VorexReadCounterU32Ex(task->handle(), 3, 10.0, 7, nullptr, 2, nullptr, &reserved);
+  VorexReadCounterU32Ex(task->handle(), 3, -1.0, 7, nullptr, 2, nullptr, &reserved);
   EXPECT_EQ(spy.line(), "VorexReadCounterU32Ex params(8): " + handleRecord() +
-                            " numSampsPerChan@1:75[4,4]=3 timeout@2:81[8,8]=10 fillMode@3:75[4,4]=7"
+                            " numSampsPerChan@1:75[4,4]=3 timeout@2:81[8,8]=-1 fillMode@3:75[4,4]=7"
                             " readArray@4:2[8,8]=NULL arraySizeInSamps@5:71[4,4]=2 sampsPerChanRead@6:86[8,8]=NULL"
                             " reserved@7:22[8,8]=" +
                             at(&reserved) +
                             "; returns(3): readArray@0:93[8,8]=NULL *sampsPerChanRead@1:93[8,8]=NULL"
                             " retval@2:75[4,4]=-200492 failed");
-}
-
-// Checked: the array is logged cleared, at its full size; the reading channel's name has no record.
-TEST_F(TracedRead, CheckedReadLogsTheClearedArray) {
-  uint8_t bytes[3] = {7, 7, 7};
-  int32_t got = 5;
-  VorexReadDigitalU8(task->handle(), -2, -1.0, 0, bytes, 3, &got, nullptr);
-  EXPECT_EQ(spy.line(), "VorexReadDigitalU8 params(8): " + handleRecord() +
-                            " numSampsPerChan@1:75[4,4]=-2 timeout@2:81[8,8]=-1"
-                            " fillMode@3:79[1,24]=\"Vorex_Val_GroupByChannel\" readArray@4:10[8,8]=" +
-                            at(bytes) + " arraySizeInSamps@5:71[4,4]=3 sampsPerChanRead@6:86[8,8]=" + at(&got) +
-                            " reserved@7:22[8,8]=NULL; returns(3): readArray@0:10[8,3]=[0, 0, 0]"
-                            " *sampsPerChanRead@1:75[4,4]=5 retval@2:75[4,4]=-200096 failed");
 }
 
 TEST_F(TracedRead, PairReadLogsBothArraysUnderTheirNames) {

@@ -60,16 +60,6 @@ inline int32_t tracedGetString(void* task, const char* channel, char* data, uint
   return code;
 }
 
-// An enumeration Set: the value as the pair (attribute id, value).
-inline int32_t tracedSetEnum(void* task, int32_t attributeId, int32_t data) {
-  TraceCall trace("VorexSetAITermCfg");
-  trace.param("taskHandle", kPointer, task);
-  trace.paramEnum("data", attributeId, data);
-  trace.endParams();
-  trace.retval(0);
-  return 0;
-}
-
 // A body that throws after the parameters; the guard ends the record.
 inline int32_t tracedThrowing(void* task) {
   TraceCall trace("VorexClearTask");

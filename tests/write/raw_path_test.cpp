@@ -32,37 +32,5 @@ TEST_F(RawPath, TheBufferIsOneChannelOfWidthTimesCountBytes) {
   }
 }
 
-TEST_F(RawPath, FailedChecksStopBeforeTheTask) {
-  channels(1, 0, 2);
-  uint8_t bytes[4] = {};
-  struct Check {
-    const char* what;
-    int32_t numSamps;
-    const void* array;
-    int32_t code;
-    const char* usage;
-    const char* value;
-  };
-  const Check checks[] = {
-      {"null array with a count", 2, nullptr, -200230, "kUsageTypeParamNum", "5"},
-      {"negative count", -3, bytes, -200622, "kUsageTypeNumSampsToWrite", "-3"},
-      {"null array, count 0", 0, nullptr, -52005, nullptr, nullptr},
-  };
-  for (const Check& k : checks) {
-    SCOPED_TRACE(k.what);
-    task->clearCalls();
-    clearLastError();
-    int32_t written = -7;
-    EXPECT_EQ(VorexWriteRaw(handle, k.numSamps, 0, 1.0, k.array, &written, nullptr), k.code);
-    EXPECT_EQ(callsOf("writeRawU8"), 0u);
-    EXPECT_EQ(written, 0);
-    if (k.usage) {
-      EXPECT_TRUE(task->calls().empty());
-      EXPECT_EQ(lastErrorItem(0, "usage"), k.usage);
-      EXPECT_EQ(lastErrorItem(0, "value"), k.value);
-    }
-  }
-}
-
 }  // namespace
 }  // namespace zqtest

@@ -6,7 +6,7 @@
 
 #include "guard_page.h"
 #include "spy_client.h"
-#include "write_task.h"
+#include "write_fixture.h"
 #include "zqcai_rd_mbcs.h"
 
 namespace zqtest {
@@ -54,18 +54,6 @@ TEST_F(TracedWrite, NullArrayAndNegativeCount) {
                 at(&reserved) +
                 "; returns(3): *sampsPerChanWritten@0:93[8,8]=NULL *reserved@1:21[4,4]=0"
                 " retval@2:75[4,4]=-200492 failed");
-}
-
-TEST_F(TracedWrite, LinesWrite) {
-  const uint8_t lines[3] = {1, 0, 1};
-  VorexWriteDigitalLines(task->handle(), 3, 1, 1.0, 0, lines, nullptr, nullptr);
-  EXPECT_EQ(spy.line(), "VorexWriteDigitalLines params(9): " + handleRecord() +
-                            " numSampsPerChan@1:75[4,4]=3 autoStart@2:21[4,4]=1 timeout@3:81[8,8]=1"
-                            " dataLayout@4:79[1,24]=\"Vorex_Val_GroupByChannel\" writeArray@5:10[8,8]=" +
-                            at(lines) +
-                            " writeArray@6:10[8,24]=[1, 0, 1] sampsPerChanWritten@7:86[8,8]=NULL"
-                            " reserved@8:22[8,8]=NULL; returns(3): *sampsPerChanWritten@0:93[8,8]=NULL"
-                            " *reserved@1:93[8,8]=NULL retval@2:75[4,4]=0 ok");
 }
 
 // The content record's total is 8 bytes an element: for 2 bytes that end where unreadable memory

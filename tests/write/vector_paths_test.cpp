@@ -33,51 +33,6 @@ TEST_F(VectorPath, TheCallersArrayGoesToThePlugInInTheTasksShape) {
   }
 }
 
-TEST_F(VectorPath, UnsignedAndSignedBinaryWritesSendTheSameBits) {
-  channels(1);
-  for (size_t twin : {1, 3}) {  // U16 and I16, U32 and I32
-    ASSERT_EQ(kWrites[twin].call({.handle = handle, .n = 6}), 0);
-    const std::vector<uint8_t> fromUnsigned = task->seen.bytes;
-    const std::string opUnsigned = task->calls().back().op;
-    ASSERT_EQ(kWrites[twin + 1].call({.handle = handle, .n = 6}), 0);
-    EXPECT_EQ(task->seen.bytes, fromUnsigned);
-    EXPECT_EQ(task->calls().back().op, opUnsigned);
-  }
-}
-
-TEST_F(VectorPath, FailedChecksStopBeforeTheTaskWithTheirItems) {
-  channels(2, 1);
-  struct Check {
-    const char* what;
-    int32_t n;
-    bool nullArray;
-    int32_t code;
-    const char* usage;
-    const char* value;
-    const char* valueType;
-  };
-  const Check checks[] = {
-      {"null array with a count", 4, true, -200230, "kUsageTypeParamNum", "6", "int32_t"},
-      {"negative count", -1, false, -200622, "kUsageTypeNumSampsToWrite", "-1", "int32_t"},
-      {"very negative count", -5000, false, -200622, "kUsageTypeNumSampsToWrite", "-5000", "int32_t"},
-      {"null array comes first", -1, true, -200230, "kUsageTypeParamNum", "6", "int32_t"},
-  };
-  for (const WriteRoute& c : kChecked) {
-    for (const Check& k : checks) {
-      SCOPED_TRACE(std::string(c.name) + ": " + k.what);
-      task->clearCalls();
-      clearLastError();
-      int32_t written = -7;
-      EXPECT_EQ(c.call({.handle = handle, .n = k.n, .nullFirst = k.nullArray, .written = &written}), k.code);
-      EXPECT_TRUE(task->calls().empty());
-      EXPECT_EQ(written, 0);
-      EXPECT_EQ(lastErrorItem(0, "usage"), k.usage);
-      EXPECT_EQ(lastErrorItem(0, "value"), k.value);
-      EXPECT_EQ(lastErrorItem(0, "value_type"), k.valueType);
-    }
-  }
-}
-
 TEST_F(VectorPath, ACountOfZeroNeedsAnArrayAndReachesThePlugInWithAnEmptyShape) {
   channels(2, 1);
   for (const WriteRoute& c : kChecked) {
@@ -94,16 +49,6 @@ TEST_F(VectorPath, ACountOfZeroNeedsAnArrayAndReachesThePlugInWithAnEmptyShape) 
     EXPECT_EQ(callsOf(c.op), 1u);
     EXPECT_EQ(task->seen.sampsPerChan, 0u);
     EXPECT_EQ(written, 9);
-  }
-}
-
-TEST_F(VectorPath, WithoutAnOutParameterTheWriteStillHappens) {
-  channels(1, 1);
-  for (const WriteRoute& c : kChecked) {
-    SCOPED_TRACE(c.name);
-    task->clearCalls();
-    EXPECT_EQ(c.call({.handle = handle}), 0);
-    EXPECT_EQ(callsOf(c.op), 1u);
   }
 }
 
