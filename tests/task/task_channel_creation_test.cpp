@@ -63,24 +63,6 @@ TEST_F(ChannelCreation, ANewDeviceGoesThroughTheSelectorWithAllDevices) {
   EXPECT_EQ(task->physicalChannels(), (NameSet{"Dev1/ai0", "Dev2/ai0"}));
 }
 
-TEST_F(ChannelCreation, AFailedFirstChannelLeavesNoPluginNoDeviceAndSelectsAgainNextTime) {
-  zqtest::failSlotCalls("createAIVoltageChannel", nZQMSTS::kErrorInvalidParameterValue);
-  zqerr::Status status;
-  create("Dev1/ai0", &status);
-  EXPECT_EQ(status.code, nZQMSTS::kErrorInvalidParameterValue);
-  EXPECT_EQ(task->pluginName(), "");
-  EXPECT_TRUE(task->deviceNames().empty());
-  EXPECT_FALSE(task->hasPluginTask());
-  EXPECT_EQ(std::vector<std::string>(callLog().end() - 2, callLog().end()),
-            (std::vector<std::string>{"destroyTask:task", "destroyContext:context"}));
-  zqtest::clearSlotFailures();
-  zqerr::Status again;
-  create("Dev1/ai0", &again);
-  EXPECT_EQ(again.code, 0);
-  EXPECT_EQ(selector->asked.size(), 2u);
-  EXPECT_TRUE(task->hasPluginTask());
-}
-
 TEST_F(ChannelCreation, ASelectorErrorLeavesTheTaskUnbound) {
   selector->error = nZQMSTS::kErrorInvalidDeviceID;
   zqerr::Status status;

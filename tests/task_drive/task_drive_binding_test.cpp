@@ -53,6 +53,8 @@ TEST_F(TaskDrive, AFailedFirstChannelLeavesNothingAndTheNextOneSelectsAgain) {
   auto task = zqtest::makeDriveTask(manager_, "Failing");
   EXPECT_EQ(zqtest::addChannel(*task, "Dev1/ai0, Dev1/fail"), zqtestDrive_kChannelFailCode);
   EXPECT_FALSE(task->hasPluginTask());
+  EXPECT_EQ(task->pluginName(), "");
+  EXPECT_TRUE(task->deviceNames().empty());
   EXPECT_EQ(drive.counter(zqtestDrive_tasksLive), tasksBefore);
   EXPECT_EQ(drive.counter(zqtestDrive_contextsLive), contextsBefore);
 
@@ -61,6 +63,7 @@ TEST_F(TaskDrive, AFailedFirstChannelLeavesNothingAndTheNextOneSelectsAgain) {
   int32_t code = -1;
   EXPECT_EQ(zqtest::taskDevices(*task, &code), std::vector<std::string>{"Dev2"});
   EXPECT_EQ(drive.counter(zqtestDrive_tasksLive), tasksBefore + 1);
+  EXPECT_EQ(manager_->requests.load(), 2) << "the plug-in is asked for again";
   const auto lines = zqtest::driveLogLines();
   const auto destroyed = std::find(lines.begin(), lines.end(), "destroyTask Failing");
   ASSERT_NE(destroyed, lines.end());
