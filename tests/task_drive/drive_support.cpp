@@ -123,9 +123,8 @@ bool holdsPluginData(const ReadResult& result, uint32_t channels) {
 DriveSwitches::DriveSwitches() : library_(zqplatform::loadLibrary(kDrivePlugin, 0)) {
   if (!library_) return;
   blockReads_ = symbol<zqtestDrive_testSetBlockReads_fn>(library_, "zqtestDrive_testSetBlockReads");
-  awaitBlocked_ = symbol<zqtestDrive_testAwaitBlockedReads_fn>(library_, "zqtestDrive_testAwaitBlockedReads");
   counter_ = symbol<zqtestDrive_testCounter_fn>(library_, "zqtestDrive_testCounter");
-  if (!blockReads_ || !awaitBlocked_) counter_ = nullptr;
+  if (!blockReads_) counter_ = nullptr;
 }
 
 DriveSwitches::~DriveSwitches() {

@@ -81,15 +81,11 @@ class DriveSwitches {
   bool loaded() const { return counter_ != nullptr; }
 
   void blockReads(const std::string& taskName, bool on) const { blockReads_(taskName.c_str(), on ? 1 : 0); }
-  bool awaitBlockedReads(uint32_t count) const { return awaitBlocked_(count, kHangLimitMs) != 0; }
   int64_t counter(int32_t which) const { return counter_(which); }
-
-  static constexpr uint32_t kHangLimitMs = 120000;
 
  private:
   void* library_ = nullptr;
   zqtestDrive_testSetBlockReads_fn blockReads_ = nullptr;
-  zqtestDrive_testAwaitBlockedReads_fn awaitBlocked_ = nullptr;
   zqtestDrive_testCounter_fn counter_ = nullptr;
 };
 
