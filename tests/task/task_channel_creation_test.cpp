@@ -14,27 +14,14 @@ using zqtest::callLog;
 using zqvorexRedir::NameSet;
 using zqvorexRedir::Task;
 
-class ChannelCreation : public ::testing::Test {
+class ChannelCreation : public zqtest::SelectingTaskTest {
  protected:
-  void SetUp() override {
-    callLog().clear();
-    zqtest::clearSlotFailures();
-    manager = std::make_shared<zqtest::CountingPluginManager>(zqtest::makeSlotPlugin());
-    selector = std::make_shared<zqtest::AnsweringSelector>();
-    task = make(zqvorexRedir::kTaskKindCreated);
-  }
-  void TearDown() override { zqtest::clearSlotFailures(); }
-
   std::shared_ptr<Task> make(uint32_t kind, bool deviceTask = false) {
-    return zqtest::makeTask(manager, "T", {.taskKind = kind, .pluginSelector = selector, .isDeviceTask = deviceTask});
+    return SelectingTaskTest::make("T", {.taskKind = kind, .isDeviceTask = deviceTask});
   }
   void create(const std::string& channels, zqerr_Status* status) {
     task->createAIVoltageChannel(channels, "", -1, -10, 10, 10348, "", nullptr, status);
   }
-
-  std::shared_ptr<zqtest::CountingPluginManager> manager;
-  std::shared_ptr<zqtest::AnsweringSelector> selector;
-  std::shared_ptr<Task> task;
 };
 
 TEST_F(ChannelCreation, TheFirstChannelBindsThePluginAndASecondOnTheSameDeviceDoesNotSelectAgain) {

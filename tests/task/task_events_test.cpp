@@ -50,9 +50,6 @@ const RegistrationCase kRegistrations[] = {
     {"every N acquired",
      [](Task& t, zqerr_Status* s) { return t.registerEveryNSamplesEvent(12580, 100, true, kEveryN, s); },
      12580, "registerEveryNSamplesEvent:task:12580:100"},
-    {"every N transferred",
-     [](Task& t, zqerr_Status* s) { return t.registerEveryNSamplesEvent(12581, 8, false, kEveryN, s); },
-     12581, "registerEveryNSamplesEvent:task:12581:8"},
 };
 
 TEST(TaskEvents, ATokenFromThePluginIsKeptUnderThePluginsEventId) {
