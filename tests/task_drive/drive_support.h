@@ -57,8 +57,8 @@ std::shared_ptr<zqvorexRedir::IPluginSelector> driveSelector();
 std::shared_ptr<zqvorexRedir::Task> makeDriveTask(std::shared_ptr<zqvorexRedir::IPluginManager> manager,
                                                   std::string name);
 
-// createAIVoltageChannel with a name to assign; gives the status code.
-int32_t addChannel(zqvorexRedir::ITask& task, const std::string& physical, const std::string& name = "");
+// createAIVoltageChannel; gives the status code.
+int32_t addChannel(zqvorexRedir::ITask& task, const std::string& physical);
 std::vector<std::string> taskDevices(zqvorexRedir::ITask& task, int32_t* code);
 
 struct ReadResult {
