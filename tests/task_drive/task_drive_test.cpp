@@ -2,8 +2,8 @@
 // storage, and the plug-in library zqtestDrive: binding on the first channel, taking back a
 // failed first channel, and the order in which plug-in objects and the library go. What an
 // unbound task answers, selecting once per device and rollback are proven over a table of
-// plug-in slots in tests/task; an abort that overtakes reads blocked in the plug-in in
-// task_stress_test.cpp.
+// plug-in slots in tests/task; an abort that overtakes reads blocked in the plug-in is proven
+// in task_stress_test.cpp.
 #include <gtest/gtest.h>
 
 #include <algorithm>
