@@ -14,27 +14,14 @@ using zqtest::callLog;
 using zqvorexRedir::NameSet;
 using zqvorexRedir::Task;
 
-class ChannelCreation : public ::testing::Test {
+class ChannelCreation : public zqtest::SelectingTaskTest {
  protected:
-  void SetUp() override {
-    callLog().clear();
-    zqtest::clearSlotFailures();
-    manager = std::make_shared<zqtest::CountingPluginManager>(zqtest::makeSlotPlugin());
-    selector = std::make_shared<zqtest::AnsweringSelector>();
-    task = make(zqvorexRedir::kTaskKindCreated);
-  }
-  void TearDown() override { zqtest::clearSlotFailures(); }
-
   std::shared_ptr<Task> make(uint32_t kind, bool deviceTask = false) {
-    return zqtest::makeTask(manager, "T", {.taskKind = kind, .pluginSelector = selector, .isDeviceTask = deviceTask});
+    return SelectingTaskTest::make("T", {.taskKind = kind, .isDeviceTask = deviceTask});
   }
   void create(const std::string& channels, zqerr_Status* status) {
     task->createAIVoltageChannel(channels, "", -1, -10, 10, 10348, "", nullptr, status);
   }
-
-  std::shared_ptr<zqtest::CountingPluginManager> manager;
-  std::shared_ptr<zqtest::AnsweringSelector> selector;
-  std::shared_ptr<Task> task;
 };
 
 TEST_F(ChannelCreation, TheFirstChannelBindsThePluginAndASecondOnTheSameDeviceDoesNotSelectAgain) {
@@ -42,8 +29,6 @@ TEST_F(ChannelCreation, TheFirstChannelBindsThePluginAndASecondOnTheSameDeviceDo
   create("Dev1/ai0", &status);
   ASSERT_EQ(status.code, 0);
   EXPECT_EQ(selector->asked, std::vector<std::string>{"devices:Dev1;ctx"});
-  EXPECT_EQ(manager->lastName, "slots");
-  EXPECT_EQ(task->pluginName(), "slots");
   EXPECT_EQ(callLog(), (std::vector<std::string>{"createContext:ctx", "createTask:context:T:::4",
                                                  "createAIVoltageChannel:task:Dev1/ai0"}));
   create("Dev1/ai1", &status);
@@ -61,24 +46,6 @@ TEST_F(ChannelCreation, ANewDeviceGoesThroughTheSelectorWithAllDevices) {
   EXPECT_EQ(selector->asked, (std::vector<std::string>{"devices:Dev1;ctx", "devices:Dev1;Dev2;ctx"}));
   EXPECT_EQ(task->deviceNames(), (NameSet{"Dev1", "Dev2"}));
   EXPECT_EQ(task->physicalChannels(), (NameSet{"Dev1/ai0", "Dev2/ai0"}));
-}
-
-TEST_F(ChannelCreation, AFailedFirstChannelLeavesNoPluginNoDeviceAndSelectsAgainNextTime) {
-  zqtest::failSlotCalls("createAIVoltageChannel", nZQMSTS::kErrorInvalidParameterValue);
-  zqerr::Status status;
-  create("Dev1/ai0", &status);
-  EXPECT_EQ(status.code, nZQMSTS::kErrorInvalidParameterValue);
-  EXPECT_EQ(task->pluginName(), "");
-  EXPECT_TRUE(task->deviceNames().empty());
-  EXPECT_FALSE(task->hasPluginTask());
-  EXPECT_EQ(std::vector<std::string>(callLog().end() - 2, callLog().end()),
-            (std::vector<std::string>{"destroyTask:task", "destroyContext:context"}));
-  zqtest::clearSlotFailures();
-  zqerr::Status again;
-  create("Dev1/ai0", &again);
-  EXPECT_EQ(again.code, 0);
-  EXPECT_EQ(selector->asked.size(), 2u);
-  EXPECT_TRUE(task->hasPluginTask());
 }
 
 TEST_F(ChannelCreation, ASelectorErrorLeavesTheTaskUnbound) {

@@ -108,14 +108,7 @@ TEST(UnboundTask, ChannelSetWithNamesNamesTheFirstChannelAndTheTask) {
 
 class BoundTask : public ::testing::Test {
  protected:
-  void SetUp() override {
-    callLog().clear();
-    plugin = zqtest::makeSlotPlugin();
-    task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>());
-    zqtest::bindTask(*task, plugin, zqtest::slotContextHandle(), zqtest::slotTaskHandle());
-  }
-  std::shared_ptr<zqvorexRedir::Plugin> plugin;
-  std::shared_ptr<Task> task;
+  std::shared_ptr<Task> task = zqtest::makeBoundTask();
 };
 
 TEST_F(BoundTask, OperationsReachThePluginWithTheTaskHandleAndConvertedArguments) {
@@ -132,43 +125,12 @@ TEST_F(BoundTask, OperationsReachThePluginWithTheTaskHandleAndConvertedArguments
   EXPECT_EQ(task->lockDepth(), 0);
 }
 
-TEST_F(BoundTask, APluginErrorStaysInTheStatus) {
-  zqerr::Status status;
-  zqtest::failNextSlotCall(-201003);
-  task->setChannelAttributeF64(StringArrayView(kTwoChannels), 7, 0.5, &status);
-  EXPECT_EQ(status.code, -201003);
-}
-
 TEST_F(BoundTask, AnOperationThePluginLacksIsRefusedByTheTable) {
   zqerr::Status status;
   task->configureSampleClockTiming("", 1000, 10280, 10123, 100, &status);
   EXPECT_LT(status.code, 0);
   EXPECT_NE(status.code, kNoDevice);
   EXPECT_TRUE(callLog().empty());
-}
-
-TEST_F(BoundTask, DestructionDestroysThePluginTaskBeforeItsContextAndThenLetsTheLibraryGo) {
-  std::weak_ptr<zqvorexRedir::Plugin> watch = plugin;
-  plugin.reset();
-  task.reset();
-  EXPECT_EQ(callLog(), (std::vector<std::string>{"destroyTask:task", "destroyContext:context"}));
-  EXPECT_TRUE(watch.expired());
-}
-
-TEST(TaskLock, LockAndUnlockCountTheDepth) {
-  auto task = zqtest::makeTask(std::make_shared<zqtest::CountingPluginManager>());
-  zqerr::Status status;
-  task->lock(&status);
-  task->lock();
-  EXPECT_EQ(task->lockDepth(), 2);
-  task->unlock();
-  EXPECT_EQ(task->lockDepth(), 1);
-  task->unlock();
-  EXPECT_EQ(task->lockDepth(), 0);
-  zqerr::Status failed;
-  failed.code = -1;
-  task->lock(&failed);
-  EXPECT_EQ(task->lockDepth(), 0);
 }
 
 struct ReleaseCase {
@@ -212,27 +174,13 @@ TEST(TaskLock, DeferredReleaseHappensAtTheLastUnlockWithoutTheMutex) {
     task->lock();
     task->unlock();
     EXPECT_TRUE(destroyed.empty()) << c.bits;
+    zqerr::Status failed;
+    failed.code = -1;
+    task->lock(&failed);
+    EXPECT_EQ(task->lockDepth(), 0) << "a failed status takes no lock";
     watching = false;
     task.reset();
   }
-}
-
-TEST(TaskWithSamplePlugin, ForwardsToTheRealLibraryAndReleasesItsContextWithTheTask) {
-  auto manager = std::make_shared<zqvorexRedir::PluginManager>("");
-  zqerr::Status status;
-  std::shared_ptr<zqvorexRedir::Plugin> plugin = manager->getPlugin("testplug", &status);
-  ASSERT_TRUE(plugin) << status.code;
-  const uint32_t liveBefore = plugin->getTaskAttributeU32(nullptr, 1, &status);
-  auto task = zqtest::makeTask(manager);
-  zqvorexPlugin_Context_undefined* context = plugin->createContext("ctx", &status);
-  ASSERT_NE(context, nullptr);
-  int pluginTask = 0;
-  zqtest::bindTask(*task, plugin, context, reinterpret_cast<zqvorexPlugin_Task_undefined*>(&pluginTask));
-  EXPECT_EQ(plugin->getTaskAttributeU32(nullptr, 1, &status), liveBefore + 1);
-  EXPECT_EQ(task->getTaskAttributeU32(41, &status), 42u);
-  EXPECT_EQ(status.code, 0);
-  task.reset();
-  EXPECT_EQ(plugin->getTaskAttributeU32(nullptr, 1, &status), liveBefore);
 }
 
 }  // namespace

@@ -50,9 +50,6 @@ const RegistrationCase kRegistrations[] = {
     {"every N acquired",
      [](Task& t, zqerr_Status* s) { return t.registerEveryNSamplesEvent(12580, 100, true, kEveryN, s); },
      12580, "registerEveryNSamplesEvent:task:12580:100"},
-    {"every N transferred",
-     [](Task& t, zqerr_Status* s) { return t.registerEveryNSamplesEvent(12581, 8, false, kEveryN, s); },
-     12581, "registerEveryNSamplesEvent:task:12581:8"},
 };
 
 TEST(TaskEvents, ATokenFromThePluginIsKeptUnderThePluginsEventId) {
@@ -83,6 +80,11 @@ TEST(TaskEvents, TheTargetHearsOnlyOfTheChangeFromNoEventToSomeAndBack) {
       {[](Task& t, zqerr_Status* s) { t.unregisterEvent(2, s); }, {"events:off"}},
       {[](Task& t, zqerr_Status* s) { t.registerEveryNSamplesEvent(12580, 1, true, kEveryN, s); },
        {"events:on"}},
+      {[](Task& t, zqerr_Status* s) {
+         zqtest::setNextSlotEventToken(1);  // below the token already under 12580
+         t.registerEveryNSamplesEvent(12580, 2, true, kEveryN, s);
+       },
+       {}},
   };
   for (size_t i = 0; i < std::size(steps); ++i) {
     bound.target->calls.clear();
@@ -92,10 +94,11 @@ TEST(TaskEvents, TheTargetHearsOnlyOfTheChangeFromNoEventToSomeAndBack) {
     EXPECT_EQ(bound.target->calls, steps[i].targetHears) << "step " << i;
   }
   zqerr::Status status;
-  EXPECT_EQ(task.getEvents(12580, &status), EventTokens{3});
+  EXPECT_EQ(task.getEvents(12580, &status), (EventTokens{1, 3})) << "in token order";
   EXPECT_EQ(callLog(), (std::vector<std::string>{"registerDoneEvent:task", "registerSignalEvent:task:12487",
                                                  "unregisterEvent:task:1", "unregisterEvent:task:2",
-                                                 "registerEveryNSamplesEvent:task:12580:1"}));
+                                                 "registerEveryNSamplesEvent:task:12580:1",
+                                                 "registerEveryNSamplesEvent:task:12580:2"}));
 }
 
 struct FailureCase {
@@ -109,16 +112,16 @@ struct FailureCase {
 
 TEST(TaskEvents, AFailureAfterThePluginsTokenTakesTheRegistrationBackAndTheFirstFailureStands) {
   const FailureCase cases[] = {
-      {"the same token twice",
+      {"the same token twice, under another id",
        [](BoundTask& b) {
          zqerr::Status status;
-         b.task->registerDoneEvent(true, kDone, &status);
+         b.task->registerSignalEvent(12487, false, kSignal, &status);
          zqtest::setNextSlotEventToken(1);
        },
        nZQMESL::kInternalErrorEventAlreadyRegisteredInTask,
        {"registerDoneEvent:task", "unregisterEvent:task:1"},
        {},
-       {1}},
+       {}},
       {"the same token twice, and the plug-in refuses to take it back",
        [](BoundTask& b) {
          zqerr::Status status;
@@ -200,15 +203,24 @@ TEST(TaskEvents, AnUnboundTaskHasNoDeviceAndCallsNothing) {
   }
 }
 
-TEST(TaskEvents, AFailedStatusOnEntryDoesNothing) {
+TEST(TaskEvents, AFailedStatusOnEntryDoesNothingAndAWarningDoesNotStopIt) {
   BoundTask bound;
+  zqerr::Status warned;
+  zqtest::failNextSlotCall(200);
+  EXPECT_EQ(bound.task->registerDoneEvent(true, kDone, &warned), 1u);
+  EXPECT_EQ(warned.code, 200);
+  callLog().clear();
+  bound.target->calls.clear();
   zqerr::Status status;
   status.code = -1;
   EXPECT_EQ(bound.task->registerDoneEvent(true, kDone, &status), 0u);
   bound.task->unregisterEvent(1, &status);
+  EXPECT_TRUE(bound.task->getEvents(12576, &status).empty());
   EXPECT_EQ(status.code, -1);
   EXPECT_TRUE(callLog().empty());
   EXPECT_TRUE(bound.target->calls.empty());
+  zqerr::Status after;
+  EXPECT_EQ(bound.task->getEvents(12576, &after), EventTokens{1});
 }
 
 }  // namespace

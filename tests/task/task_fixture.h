@@ -2,6 +2,8 @@
 // to a plug-in table with a context and a plug-in task.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <memory>
 #include <string>
@@ -116,6 +118,28 @@ inline std::shared_ptr<zqvorexRedir::Task> makeBoundTask(std::string name = "MyT
   bindTask(*task, makeSlotPlugin(), slotContextHandle(), slotTaskHandle());
   return task;
 }
+
+// Tests over created tasks in "ctx" that a selector binds to `plugin` through a counting manager;
+// the call log and the slot failures start and end cleared.
+class SelectingTaskTest : public ::testing::Test {
+ public:
+  explicit SelectingTaskTest(std::shared_ptr<zqvorexRedir::Plugin> plugin = makeSlotPlugin())
+      : manager(std::make_shared<CountingPluginManager>(std::move(plugin))) {
+    callLog().clear();
+    clearSlotFailures();
+  }
+  ~SelectingTaskTest() override { clearSlotFailures(); }
+
+  std::shared_ptr<zqvorexRedir::Task> make(std::string name = "T",
+                                           zqvorexRedir::TaskParts parts = {.taskKind = zqvorexRedir::kTaskKindCreated}) {
+    parts.pluginSelector = selector;
+    return makeTask(manager, std::move(name), std::move(parts));
+  }
+
+  std::shared_ptr<CountingPluginManager> manager;
+  std::shared_ptr<AnsweringSelector> selector = std::make_shared<AnsweringSelector>();
+  std::shared_ptr<zqvorexRedir::Task> task = make();
+};
 
 // One operation of a table over tasks of type T: its result as a number, 0 for an operation
 // without one.

@@ -103,7 +103,6 @@ std::vector<MirrorCase> mirrorCases() {
   return {
       MIRROR_CASE(readScaledScalarF64, 16111, cacheSamplesF64, S, filled(8), false, kNoChans, READ_SCALAR(f64)),
       MIRROR_CASE(readScaledVectorF64, 16111, cacheSamplesF64, A, none, true, kNoChans, READ_ARRAY),
-      MIRROR_CASE(readScaledVectorDurationF64, 16111, cacheSamplesF64, A, none, true, kNoChans, READ_ARRAY),
       MIRROR_CASE(writeScaledScalarF64, 16111, cacheSamplesF64, S, bytesOf(2.5), false, kNoDev, WRITE_SCALAR(2.5)),
       MIRROR_CASE(writeScaledVectorF64, 16111, cacheSamplesF64, A, none, true, kNoDev, WRITE_ARRAY),
       MIRROR_CASE(readPortScalarU8, 16112, cacheSamplesU8, S, filled(1), false, kNoChans, READ_SCALAR(u8)),
@@ -116,7 +115,6 @@ std::vector<MirrorCase> mirrorCases() {
       MIRROR_CASE(readBinaryVectorU16, 16115, cacheSamplesU16, A, none, true, kNoChans, READ_ARRAY),
       MIRROR_CASE(readBinaryVectorI16, 16116, cacheSamplesI16, A, none, true, kNoChans, READ_ARRAY),
       MIRROR_CASE(writeBinaryVectorI16, 16116, cacheSamplesI16, A, none, true, kNoDev, WRITE_ARRAY),
-      MIRROR_CASE(readBinaryScalarU32, 16117, cacheSamplesU32, S, filled(4), false, kNoChans, READ_SCALAR(u32)),
       MIRROR_CASE(readBinaryVectorU32, 16117, cacheSamplesU32, A, none, true, kNoChans, READ_ARRAY),
       MIRROR_CASE(readBinaryVectorI32, 16118, cacheSamplesI32, A, none, true, kNoChans, READ_ARRAY),
       MIRROR_CASE(writeBinaryVectorI32, 16118, cacheSamplesI32, A, none, true, kNoDev, WRITE_ARRAY),
@@ -141,7 +139,6 @@ std::vector<MirrorCase> mirrorCases() {
                   WRITE_SCALAR(uint8_t(0xA5))),
       MIRROR_CASE(readLineVectorU8, 16124, cacheSamplesLineU8, L, none, true, kNoChans, READ_LINES),
       MIRROR_CASE(writeLineVectorU8, 16124, cacheSamplesLineU8, L, none, true, kNoDev, WRITE_LINES),
-      MIRROR_CASE(readDigitalWaveformVectorDurationU8, 16125, cacheSamplesLineU8, L, none, true, kNoChans, READ_LINES),
       MIRROR_CASE(writeDigitalWaveformVectorU8, 16125, cacheSamplesLineU8, L, none, true, kNoDev, WRITE_LINES),
       MIRROR_CASE(readScalarPowerVoltageAndCurrentF64, 15504, cacheSamplesPowerVoltageAndCurrentF64, S, filled(16),
                   false, kNoChans, READ_SCALAR(power)),

@@ -69,28 +69,15 @@ const SetUpCase kSetUps[] = {
      {}, "zqvorexGrpc", {"createContext:ctx", "createTaskForGrpcSession:context:T:session:3"}, false},
 };
 
-class FactorySetUp : public ::testing::Test {
+class FactorySetUp : public zqtest::SelectingTaskTest {
  public:
-  void SetUp() override {
-    callLog().clear();
-    zqtest::clearSlotFailures();
-    manager = std::make_shared<zqtest::CountingPluginManager>(makePlugin());
-    selector = std::make_shared<zqtest::AnsweringSelector>();
-    server = std::make_shared<zqtest::FakeDebugServer>();
-    task = make("T");
-  }
-  void TearDown() override { zqtest::clearSlotFailures(); }
+  FactorySetUp() : SelectingTaskTest(makePlugin()) { task = make("T"); }
 
   std::shared_ptr<Task> make(const std::string& name) {
-    using zqvorexRedir::kTaskKindCreated;
-    return zqtest::makeTask(manager, name,
-                            {.taskKind = kTaskKindCreated, .pluginSelector = selector, .debugServerFactory = server});
+    return SelectingTaskTest::make(name, {.taskKind = zqvorexRedir::kTaskKindCreated, .debugServerFactory = server});
   }
 
-  std::shared_ptr<zqtest::CountingPluginManager> manager;
-  std::shared_ptr<zqtest::AnsweringSelector> selector;
-  std::shared_ptr<zqtest::FakeDebugServer> server;
-  std::shared_ptr<Task> task;
+  std::shared_ptr<zqtest::FakeDebugServer> server = std::make_shared<zqtest::FakeDebugServer>();
 };
 
 TEST_F(FactorySetUp, EachFactorySetUpChoosesItsPluginAndHasItMakeTheTask) {

@@ -80,11 +80,9 @@ std::shared_ptr<zqvorexRedir::Task> makeDriveTask(std::shared_ptr<zqvorexRedir::
   return std::make_shared<zqvorexRedir::Task>(std::move(parts));
 }
 
-int32_t addChannel(zqvorexRedir::ITask& task, const std::string& physical, const std::string& name) {
+int32_t addChannel(zqvorexRedir::ITask& task, const std::string& physical) {
   zqerr::Status status;
-  std::vector<std::string> created;
-  zqgopher::ItemAdderAdapter<std::string> createdList(created);
-  task.createAIVoltageChannel(physical, name, -1, -10.0, 10.0, 10348, "", createdList.boundary(), &status);
+  task.createAIVoltageChannel(physical, "", -1, -10.0, 10.0, 10348, "", nullptr, &status);
   if (status.code != 0 && status.report && status.report[0])
     std::fprintf(stderr, "createAIVoltageChannel %s: %s\n", physical.c_str(), status.report);
   return status.code;
@@ -123,9 +121,8 @@ bool holdsPluginData(const ReadResult& result, uint32_t channels) {
 DriveSwitches::DriveSwitches() : library_(zqplatform::loadLibrary(kDrivePlugin, 0)) {
   if (!library_) return;
   blockReads_ = symbol<zqtestDrive_testSetBlockReads_fn>(library_, "zqtestDrive_testSetBlockReads");
-  awaitBlocked_ = symbol<zqtestDrive_testAwaitBlockedReads_fn>(library_, "zqtestDrive_testAwaitBlockedReads");
   counter_ = symbol<zqtestDrive_testCounter_fn>(library_, "zqtestDrive_testCounter");
-  if (!blockReads_ || !awaitBlocked_) counter_ = nullptr;
+  if (!blockReads_) counter_ = nullptr;
 }
 
 DriveSwitches::~DriveSwitches() {

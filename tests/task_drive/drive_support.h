@@ -57,8 +57,8 @@ std::shared_ptr<zqvorexRedir::IPluginSelector> driveSelector();
 std::shared_ptr<zqvorexRedir::Task> makeDriveTask(std::shared_ptr<zqvorexRedir::IPluginManager> manager,
                                                   std::string name);
 
-// createAIVoltageChannel with a name to assign; gives the status code.
-int32_t addChannel(zqvorexRedir::ITask& task, const std::string& physical, const std::string& name = "");
+// createAIVoltageChannel; gives the status code.
+int32_t addChannel(zqvorexRedir::ITask& task, const std::string& physical);
 std::vector<std::string> taskDevices(zqvorexRedir::ITask& task, int32_t* code);
 
 struct ReadResult {
@@ -81,15 +81,11 @@ class DriveSwitches {
   bool loaded() const { return counter_ != nullptr; }
 
   void blockReads(const std::string& taskName, bool on) const { blockReads_(taskName.c_str(), on ? 1 : 0); }
-  bool awaitBlockedReads(uint32_t count) const { return awaitBlocked_(count, kHangLimitMs) != 0; }
   int64_t counter(int32_t which) const { return counter_(which); }
-
-  static constexpr uint32_t kHangLimitMs = 120000;
 
  private:
   void* library_ = nullptr;
   zqtestDrive_testSetBlockReads_fn blockReads_ = nullptr;
-  zqtestDrive_testAwaitBlockedReads_fn awaitBlocked_ = nullptr;
   zqtestDrive_testCounter_fn counter_ = nullptr;
 };
 

@@ -32,9 +32,8 @@ extern "C" {
 #define zqtestDrive_kReadAbortedCode (-88710)
 /* What a channel creation with a "fail" channel reports. */
 #define zqtestDrive_kChannelFailCode (-200170)
-/* An unknown event token given to unregisterEvent, an unknown channel. */
+/* An unknown event token given to unregisterEvent. */
 #define zqtestDrive_kUnknownTokenCode (-200985)
-#define zqtestDrive_kUnknownChannelCode (-200486)
 
 /* The value a read writes for sample `sample` of channel `channel`. */
 static inline double zqtestDrive_sample(uint32_t channel, uint64_t sample) {

@@ -1,6 +1,4 @@
-// Channels of zqtestDrive and the attributes that describe them: what a task learns of its
-// devices and physical channels after a rollback comes from here.
-#include <algorithm>
+// Channels of zqtestDrive and the attributes that list them: the task's devices and channels.
 #include <set>
 
 #include "drive_state.h"
@@ -12,7 +10,6 @@ namespace {
 
 constexpr int32_t kTaskDevicesId = 0x230E;
 constexpr int32_t kTaskChannelsId = 0x1273;
-constexpr int32_t kPhysicalChanNameId = 0x18F5;
 constexpr int32_t kUnsupportedAttributeCode = -200452;
 
 std::vector<std::string> splitList(const char* text) {
@@ -60,7 +57,7 @@ ZQ_NATIVE_EXPORT void zqtestDrive_createAIVoltageChannel(
   const std::vector<std::string> names = splitList(nameToAssign);
   std::lock_guard<std::mutex> guard(record.mutex);
   for (size_t i = 0; i < entries.size(); ++i) {
-    // A device that fails half way keeps what it made before: rollback takes that back.
+    // A device that fails half way keeps what it made before.
     if (channelPart(entries[i]) == "fail") {
       fail(status, zqtestDrive_kChannelFailCode);
       return;
@@ -82,20 +79,6 @@ ZQ_NATIVE_EXPORT void zqtestDrive_addChannelsToTask(zqvorexPlugin_Task_undefined
     record.channels.push_back(Channel{name, "Dev1/" + name});
     count(zqtestDrive_channelsCreated);
   }
-}
-
-ZQ_NATIVE_EXPORT void zqtestDrive_rollbackFailedChannelCreations(zqvorexPlugin_Task_undefined* task,
-                                                                 const char* channelNames,
-                                                                 zqerr_Status* status) {
-  if (!isOpen(status)) return;
-  DriveTask& record = *asTask(task);
-  const std::vector<std::string> names = splitList(channelNames);
-  std::lock_guard<std::mutex> guard(record.mutex);
-  auto named = [&](const Channel& channel) {
-    return std::find(names.begin(), names.end(), channel.name) != names.end();
-  };
-  record.channels.erase(std::remove_if(record.channels.begin(), record.channels.end(), named),
-                        record.channels.end());
 }
 
 ZQ_NATIVE_EXPORT void zqtestDrive_getTaskAttributeStringVtr(zqvorexPlugin_Task_undefined* task,
@@ -121,33 +104,6 @@ ZQ_NATIVE_EXPORT void zqtestDrive_getTaskAttributeStringVtr(zqvorexPlugin_Task_u
   addStrings(value, items, status);
 }
 
-ZQ_NATIVE_EXPORT void zqtestDrive_getChannelAttributeString(zqvorexPlugin_Task_undefined* task,
-                                                            const zqgopher_ArrayView* channels,
-                                                            int32_t attributeId, zqgopher_IString* value,
-                                                            zqerr_Status* status) {
-  if (!isOpen(status)) return;
-  if (attributeId != kPhysicalChanNameId) {
-    fail(status, kUnsupportedAttributeCode);
-    return;
-  }
-  DriveTask& record = *asTask(task);
-  std::string text;
-  {
-    std::lock_guard<std::mutex> guard(record.mutex);
-    const char* const* wanted = zqgopher_ArrayView_strings(channels);
-    for (uint64_t i = 0; i < channels->count; ++i) {
-      auto found = std::find_if(record.channels.begin(), record.channels.end(),
-                                [&](const Channel& channel) { return channel.name == wanted[i]; });
-      if (found == record.channels.end()) {
-        fail(status, zqtestDrive_kUnknownChannelCode);
-        return;
-      }
-      text += (text.empty() ? "" : ",") + found->physical;
-    }
-  }
-  value->table->assign(value, text.data(), text.size(), status);
-}
-
 ZQ_NATIVE_EXPORT int32_t zqtestDrive_getTaskAttributeI32(zqvorexPlugin_Task_undefined* task,
                                                          int32_t attributeId, zqerr_Status* status) {
   if (!isOpen(status)) return 0;
@@ -170,8 +126,6 @@ ZQ_NATIVE_EXPORT void zqtestDrive_setTaskAttributeI32(zqvorexPlugin_Task_undefin
 
 ZQTEST_DRIVE_OPERATION(createAIVoltageChannel);
 ZQTEST_DRIVE_OPERATION(addChannelsToTask);
-ZQTEST_DRIVE_OPERATION(rollbackFailedChannelCreations);
 ZQTEST_DRIVE_OPERATION(getTaskAttributeStringVtr);
-ZQTEST_DRIVE_OPERATION(getChannelAttributeString);
 ZQTEST_DRIVE_OPERATION(getTaskAttributeI32);
 ZQTEST_DRIVE_OPERATION(setTaskAttributeI32);

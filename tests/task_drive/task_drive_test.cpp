@@ -1,7 +1,9 @@
 // The redirected task over the real plug-in manager, the real selector over the companion
-// storage, and the plug-in library zqtestDrive: binding on the first channel and taking back a
-// failed first channel. What an unbound task answers, selecting once per device and rollback are
-// proven over a table of plug-in slots in tests/task.
+// storage, and the plug-in library zqtestDrive: binding on the first channel, taking back a
+// failed first channel, and the order in which plug-in objects and the library go. What an
+// unbound task answers, selecting once per device and rollback are proven over a table of
+// plug-in slots in tests/task; an abort that overtakes reads blocked in the plug-in is proven
+// in task_stress_test.cpp.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,10 +12,10 @@
 
 namespace {
 
+using zqtest::CountingManager;
 using zqtest::DriveSwitches;
 using zqtest::logHas;
 using zqtest::TaskDrive;
-using zqvorexRedir::Task;
 
 struct BindCase {
   const char* channels;
@@ -53,6 +55,8 @@ TEST_F(TaskDrive, AFailedFirstChannelLeavesNothingAndTheNextOneSelectsAgain) {
   auto task = zqtest::makeDriveTask(manager_, "Failing");
   EXPECT_EQ(zqtest::addChannel(*task, "Dev1/ai0, Dev1/fail"), zqtestDrive_kChannelFailCode);
   EXPECT_FALSE(task->hasPluginTask());
+  EXPECT_EQ(task->pluginName(), "");
+  EXPECT_TRUE(task->deviceNames().empty());
   EXPECT_EQ(drive.counter(zqtestDrive_tasksLive), tasksBefore);
   EXPECT_EQ(drive.counter(zqtestDrive_contextsLive), contextsBefore);
 
@@ -61,10 +65,38 @@ TEST_F(TaskDrive, AFailedFirstChannelLeavesNothingAndTheNextOneSelectsAgain) {
   int32_t code = -1;
   EXPECT_EQ(zqtest::taskDevices(*task, &code), std::vector<std::string>{"Dev2"});
   EXPECT_EQ(drive.counter(zqtestDrive_tasksLive), tasksBefore + 1);
+  EXPECT_EQ(manager_->requests.load(), 2) << "the plug-in is asked for again";
   const auto lines = zqtest::driveLogLines();
   const auto destroyed = std::find(lines.begin(), lines.end(), "destroyTask Failing");
   ASSERT_NE(destroyed, lines.end());
   EXPECT_NE(std::find(destroyed, lines.end(), "destroyContext 127.0.0.1"), lines.end());
+}
+
+// The plug-in task goes before its context, and the library unloads only when neither the
+// task nor the manager holds it, whichever lets go last.
+TEST_F(TaskDrive, PluginObjectsGoBeforeTheirContextAndBothBeforeTheLibrary) {
+  for (bool taskFirst : {true, false}) {
+    zqtest::clearDriveLog();
+    auto manager = std::make_shared<CountingManager>();
+    auto task = zqtest::makeDriveTask(manager, "Ending");
+    ASSERT_EQ(zqtest::addChannel(*task, "Dev1/ai0"), 0);
+    if (taskFirst) {
+      task.reset();
+    } else {
+      manager.reset();
+    }
+    EXPECT_FALSE(logHas("unload")) << "one owner still holds the library; task first: " << taskFirst;
+    EXPECT_EQ(logHas("destroyTask Ending"), taskFirst);
+    task.reset();
+    manager.reset();
+    const std::vector<std::string> expected{"load",
+                                            "createContext 127.0.0.1",
+                                            "createTask Ending",
+                                            "destroyTask Ending",
+                                            "destroyContext 127.0.0.1",
+                                            "unload"};
+    EXPECT_EQ(zqtest::driveLogLines(), expected) << "task first: " << taskFirst;
+  }
 }
 
 }  // namespace
