@@ -85,19 +85,6 @@ TEST_F(ZqvorexTranslator, TurnsEveryKindOfItemIntoALabelledLine) {
   EXPECT_EQ(status_.code, 0) << status_.report;
 }
 
-TEST_F(ZqvorexTranslator, TellsWhereTheFailureWasRaisedInItsDebugLines) {
-  zqerr::Status failed;
-  ASSERT_TRUE(ZQ_FAIL(&failed, kGlobalsNullHandle));
-  zqerr::openOrderedData(&failed, zqerr::kTranslatorZqvorex);
-  EXPECT_EQ(translate(failed, 7), describe(-200230) +
-                                      "\n\n"
-                                      "\nFile: globals"
-                                      "\nLine: 120"
-                                      "\nConstant: nZQMSTS::kErrorNULLPtrForC_Api"
-                                      "\nComponent: zqcai_rd_mbcs");
-  EXPECT_EQ(status_.code, 0) << status_.report;
-}
-
 TEST_F(ZqvorexTranslator, RefusesTranslatorsItDoesNotMake) {
   wrapper_.withSession([this](zqxlator::Session* session) {
     EXPECT_EQ(session->findTranslator("qxlator_other", &status_), nullptr);
