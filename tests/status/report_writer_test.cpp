@@ -15,17 +15,6 @@ using namespace zqerr;
 using json::ParsedValue;
 using zqtest::items;
 
-TEST(ReportWriter, ReopeningAppendsToTheSameArray) {
-  Status s;
-  ZQ_TEST_FAIL(&s, -1, "f", 1);
-  addItem(openOrderedData(&s, kTranslatorZqvorex), usage::kUsageTypeTaskName, "a");
-  addEmptyItem(openOrderedData(&s, kTranslatorZqvorex));
-  addItem(openOrderedData(&s, kTranslatorZqvorex), usage::kUsageTypeChannelName, "b");
-  EXPECT_EQ(items(s),
-            R"([{"type":"usage","usage":"kUsageTypeTaskName","value":"a","value_type":"string"},)"
-            R"({"type":"empty"},{"type":"usage","usage":"kUsageTypeChannelName","value":"b","value_type":"string"}])");
-}
-
 TEST(ReportWriter, AnotherTranslatorsReportIsLeftAlone) {
   Status s;
   ZQ_TEST_FAIL(&s, -1, "f", 1);

@@ -128,17 +128,6 @@ bool otherStorage(zqerr_Status* s, uint32_t size) {
   return true;
 }
 
-TEST(Status, AdoptTakesTheBufferOverWithTheSameStorage) {
-  Status source, destination;
-  ZQ_TEST_FAIL(&source, -50, "src", 3);
-  char* buffer = source.report;
-  ASSERT_TRUE(zqerr::adopt(&destination, &source));
-  EXPECT_EQ(destination.code, -50);
-  EXPECT_EQ(destination.report, buffer);
-  EXPECT_EQ(source.report, nullptr);
-  EXPECT_EQ(source.capacity, 0u);
-}
-
 TEST(Status, AdoptCopiesThroughTheDestinationsStorageWhenTheyDiffer) {
   Status source;
   ZQ_TEST_FAIL(&source, -50, "src", 3);
