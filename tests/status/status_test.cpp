@@ -101,15 +101,6 @@ TEST(Status, GrowReportSizes) {
   EXPECT_EQ(s.capacity, 0u);
 }
 
-TEST(Status, ClearReportKeepsTheBuffer) {
-  Status s;
-  ZQ_TEST_FAIL(&s, -1, "f", 1);
-  zqerr::clearReport(&s);
-  EXPECT_EQ(s.code, 0);
-  EXPECT_STREQ(s.report, "{}");
-  expectBufferForm(s);
-}
-
 bool otherStorage(zqerr_Status* s, uint32_t size) {
   if (size == 0) {
     std::free(s->report);
