@@ -27,7 +27,6 @@ TEST(UsageLabels, EveryUsageTheDriverWritesHasALabelOfItsOwn) {
 }
 
 TEST(UsageLabels, AUsageWithoutLabelIsShownAsItsNameInWords) {
-  EXPECT_EQ(qxlator::usageLabel("kUsageTypeReqBufSizeInBytes"), "Required Buffer Size in Bytes");
   EXPECT_EQ(qxlator::usageLabel("kUsageTypeSampleClockRate"), "Sample Clock Rate");
   EXPECT_EQ(qxlator::usageLabel("kUsageTypeAIChannelCount"), "AI Channel Count");
   EXPECT_EQ(qxlator::usageLabel("plain"), "plain");
