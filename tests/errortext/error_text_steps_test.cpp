@@ -41,10 +41,6 @@ struct TaskNameCase {
 };
 
 const TaskNameCase kTaskNameCases[] = {
-    {"no_translator", R"({"file":"f"})", 0, -1},
-    {"zqvorex_with_items",
-     R"({"translator":"qxlator_zqvorex","translator_info":{"is_debug":"0","version":1,"ordered_data":[{"type":"usage","usage":"kUsageTypeBufferLength","value":4,"value_type":"uint32_t"}]}})",
-     2, 1},
     {"zqvorex_without_items", R"({"translator":"qxlator_zqvorex","translator_info":{"ordered_data":[]}})", 0, -1},
     {"another_qxlator",
      R"({"translator":"qxlator_other","translator_info":{"ordered_data":[{"type":"usage","usage":"u","value":1}]}})", 2,
@@ -99,7 +95,6 @@ const char* kFailure = R"({"file":"qxlate","line":1})";
 
 const RepairCase kRepairs[] = {
     {"failure_report_leaves_the_text", std::string("Some text\n\n") + kFailure, -5, true, "Some text"},
-    {"nothing_left_gets_the_substitute", kFailure, -5, true, std::string(kSubstituteText)},
     {"code_zero_gets_no_substitute", kFailure, 0, true, ""},
     {"a_text_without_the_report_stays", "Some text", -5, true, "Some text"},
     {"not_found_sentence_replaced", "Error description not found. More.", -5, false,

@@ -40,7 +40,3 @@ int32 zqtestShortTaskNameBuffer(const char* name, char* text, uInt32 size) {
   VorexClearTask(task);
   return code;
 }
-
-int32 zqtestErrorString(int32 code, char* text, uInt32 size) { return VorexGetErrorString(code, text, size); }
-
-int32 zqtestLastError(char* text, uInt32 size) { return VorexGetExtendedErrorInfo(text, size); }

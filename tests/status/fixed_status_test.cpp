@@ -49,15 +49,6 @@ TEST(FixedStatus, SmallStructSizeStoresOnlyTheCode) {
   EXPECT_EQ(f.file[0], '\0');
 }
 
-TEST(FixedStatus, TheRuleHolds) {
-  FixedStatus f = makeFixedStatus();
-  EXPECT_TRUE(setFixed(&f, 4, "c", "warn", 1));
-  EXPECT_TRUE(setFixed(&f, -4, "c", "err", 2));
-  EXPECT_FALSE(setFixed(&f, -5, "c", "later", 3));
-  EXPECT_EQ(f.code, -4);
-  EXPECT_STREQ(f.file, "err");
-}
-
 TEST(StatusBridge, UpCarriesFileLineAndComponent) {
   Status s;
   {

@@ -15,32 +15,6 @@ using namespace zqerr;
 using json::ParsedValue;
 using zqtest::items;
 
-TEST(ReportWriter, FirstElaborationAddsTranslatorAndOrderedData) {
-  Status s;
-  ZQ_TEST_FAIL(&s, nZQMSTS::kErrorBufferTooSmallForString, "APIImplementation", 7);
-  ReportWriter w = openOrderedData(&s, kTranslatorZqvorex);
-  w = addItem(w, usage::kUsageTypeBufferLength, uint32_t{4});
-  w = addItem(w, usage::kUsageTypeReqBufSizeInBytes, int32_t{12});
-  ASSERT_TRUE(w);
-  EXPECT_STREQ(s.report,
-               R"({"error_constant":"nZQMSTS::kErrorBufferTooSmallForString","file":"APIImplementation",)"
-               R"("line":7,"component":"zqcai_rd_mbcs","translator":"qxlator_zqvorex","translator_info":)"
-               R"({"is_debug":"0","version":1,"ordered_data":[{"type":"usage","usage":"kUsageTypeBufferLength",)"
-               R"("value":4,"value_type":"uint32_t"},{"type":"usage","usage":"kUsageTypeReqBufSizeInBytes",)"
-               R"("value":12,"value_type":"int32_t"}]}})");
-}
-
-TEST(ReportWriter, ReopeningAppendsToTheSameArray) {
-  Status s;
-  ZQ_TEST_FAIL(&s, -1, "f", 1);
-  addItem(openOrderedData(&s, kTranslatorZqvorex), usage::kUsageTypeTaskName, "a");
-  addEmptyItem(openOrderedData(&s, kTranslatorZqvorex));
-  addItem(openOrderedData(&s, kTranslatorZqvorex), usage::kUsageTypeChannelName, "b");
-  EXPECT_EQ(items(s),
-            R"([{"type":"usage","usage":"kUsageTypeTaskName","value":"a","value_type":"string"},)"
-            R"({"type":"empty"},{"type":"usage","usage":"kUsageTypeChannelName","value":"b","value_type":"string"}])");
-}
-
 TEST(ReportWriter, AnotherTranslatorsReportIsLeftAlone) {
   Status s;
   ZQ_TEST_FAIL(&s, -1, "f", 1);
@@ -117,12 +91,6 @@ TEST(ReportWriter, EscapesRoundTripThroughDecode) {
     ASSERT_TRUE(json::decodeString(v.begin + 1, v.length - 2, &decoded));
     EXPECT_EQ(decoded, text);
   }
-}
-
-TEST(ReportWriter, ControlCharactersUseLowerCaseUnicodeEscapes) {
-  Status s;
-  writeString(rootWriter(&s), "k", std::string("\x01\x7f", 2));
-  EXPECT_STREQ(s.report, R"({"k":"\u0001\u007f"})");
 }
 
 // Attribute usages carry a comment; string lists and 64-bit values keep their types.

@@ -101,15 +101,6 @@ TEST(Status, GrowReportSizes) {
   EXPECT_EQ(s.capacity, 0u);
 }
 
-TEST(Status, ClearReportKeepsTheBuffer) {
-  Status s;
-  ZQ_TEST_FAIL(&s, -1, "f", 1);
-  zqerr::clearReport(&s);
-  EXPECT_EQ(s.code, 0);
-  EXPECT_STREQ(s.report, "{}");
-  expectBufferForm(s);
-}
-
 bool otherStorage(zqerr_Status* s, uint32_t size) {
   if (size == 0) {
     std::free(s->report);
@@ -126,17 +117,6 @@ bool otherStorage(zqerr_Status* s, uint32_t size) {
   s->report = p;
   s->capacity = size;
   return true;
-}
-
-TEST(Status, AdoptTakesTheBufferOverWithTheSameStorage) {
-  Status source, destination;
-  ZQ_TEST_FAIL(&source, -50, "src", 3);
-  char* buffer = source.report;
-  ASSERT_TRUE(zqerr::adopt(&destination, &source));
-  EXPECT_EQ(destination.code, -50);
-  EXPECT_EQ(destination.report, buffer);
-  EXPECT_EQ(source.report, nullptr);
-  EXPECT_EQ(source.capacity, 0u);
 }
 
 TEST(Status, AdoptCopiesThroughTheDestinationsStorageWhenTheyDiffer) {

@@ -103,17 +103,6 @@ TEST(BasicString, EditsMatchAReferenceModel) {
   EXPECT_EQ(status.code, 0);
 }
 
-TEST(BasicString, InsertStraddlingTheInsertionPoint) {
-  zqerr::Status status;
-  String s;
-  s.reserve(200, &status);
-  s.assign("0123456789", 10, &status);
-  s.insert(4, s.data() + 2, 5, &status);  // "23456" taken from across position 4
-  EXPECT_EQ(s.view(), "012323456456789");
-  s.insert(0, s.data() + 10, 5, &status);
-  EXPECT_EQ(s.view(), "56789012323456456789");
-}
-
 // What the model above leaves out: erasing to the end, past the end, and the block kept on clear.
 TEST(BasicString, EraseToAndPastTheEndAndClear) {
   zqerr::Status status;

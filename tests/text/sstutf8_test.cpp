@@ -149,13 +149,6 @@ TEST(LanguageEncodings, LongTextCrossesTheChunks) {
   EXPECT_EQ(fromUtf8(utf8.c_str(), 1).text, native);
 }
 
-TEST(LanguageEncodings, LibraryStringSink) {
-  zqhtl::String out;
-  zqsstutf8::StringSink sink(&out);
-  EXPECT_EQ(zqsstutf8::mbsToUtf8("caf\xE9", 1, sink), 0);
-  EXPECT_EQ(out.view(), "caf\xC3\xA9");
-}
-
 class RefusingSink final : public zqsstutf8::ByteSink {
  public:
   bool write(const char*, size_t) override { return false; }

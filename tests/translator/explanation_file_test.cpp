@@ -27,8 +27,6 @@ struct FileCase {
 const std::string kLongLine(3000, 'x');
 
 const FileCase kCases[] = {
-    {"found", explanationFile(entry(5, "five") + entry(16, "sixteen")), 16, "sixteen"},
-    {"negative_code", explanationFile(entry(-200228, "too small")), -200228, "too small"},
     {"hexadecimal_number", explanationFile("<zqerror code=\"0x10\">\nhex\n</zqerror>\n"), 16, "hex"},
     {"octal_number", explanationFile("<zqerror code=\"020\">\noctal\n</zqerror>\n"), 16, "octal"},
     {"rest_of_the_opening_line_ignored", explanationFile("<zqerror code=\"16\" lang=\"en\">\nx\n</zqerror>\n"), 16, "x"},

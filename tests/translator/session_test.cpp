@@ -33,13 +33,6 @@ TEST_F(TranslatorSession, TheFirstRequestLoadsTheLibraryAndTheSecondFindsItsTran
   EXPECT_EQ(fakeCounter("zqxlatortest_sessions"), 1);
 }
 
-TEST_F(TranslatorSession, TheDefaultTranslatorIsBuiltIn) {
-  ASSERT_TRUE(library_.clear());
-  EXPECT_NE(session_->findTranslator("zqxlator_default", &status_), nullptr);
-  EXPECT_FALSE(session_->libraryLoaded());
-  EXPECT_EQ(status_.code, 0);
-}
-
 TEST_F(TranslatorSession, NamesCompareExactly) {
   for (const char* name : {"QXLATOR_TEST", "Zqxlator_default", "qxlator_test "}) {
     SCOPED_TRACE(name);
