@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -50,9 +52,20 @@ struct RefusalCase {
   bool (*refused)(zqerr_Status* status);  // true when the load gave an empty pointer
   bool absent;
   const char* file;
-  const char* path;
-  const char* subject;  // of the nested report
+  std::string path;
+  std::string subject;  // of the nested report
+  const char* systemCode;
 };
+
+// A file that is there but is no library at all.
+const std::string& garbagePath() {
+  static const std::string path = [] {
+    std::filesystem::path file = std::filesystem::temp_directory_path() / "zqtest-not-a-library.bin";
+    std::ofstream(file, std::ios::binary) << "this is no library";
+    return file.string();
+  }();
+  return path;
+}
 
 class Refusal : public testing::TestWithParam<RefusalCase> {};
 
@@ -82,9 +95,13 @@ TEST_P(Refusal, NamesTheLibraryAndNestsTheCause) {
   EXPECT_EQ(reportAt(r, {"nested_error", "line"}), c.absent ? "58" : "84");
   const Keys debugKeys{"debug", c.absent ? "path" : "zqdynlib_symbol"};
   EXPECT_EQ(reportKeys(r, {"nested_error", "zqdynlib_debug"}), debugKeys);
+  EXPECT_EQ(reportAt(r, {"nested_error", "zqdynlib_debug", "debug"}),
+            c.absent ? "failed to zqdynlib_load library" : "failed to get symbol");
   EXPECT_EQ(reportAt(r, {"nested_error", "zqdynlib_debug", debugKeys[1]}), c.subject);
   EXPECT_EQ(reportAt(r, {"nested_error", "internal_error", "api"}), "win32");
-  EXPECT_EQ(reportAt(r, {"nested_error", "internal_error", "code"}), c.absent ? "126" : "127");
+  EXPECT_EQ(reportKeys(r, {"nested_error", "internal_error"}), (Keys{"api", "code", "string"}));
+  EXPECT_EQ(reportAt(r, {"nested_error", "internal_error", "code"}), c.systemCode);
+  EXPECT_FALSE(reportAt(r, {"nested_error", "internal_error", "string"}).empty());
 }
 
 template <class T>
@@ -96,25 +113,31 @@ INSTANTIATE_TEST_SUITE_P(
     Policies, Refusal,
     testing::Values(
         RefusalCase{"StrictAbsent", [](zqerr_Status* s) { return strictRefused<StrictClass>("zqtestAbsent", "x_", s); },
-                    true, "pluginUtilities", "zqtestAbsent", "zqtestAbsent"},
+                    true, "pluginUtilities", "zqtestAbsent", "zqtestAbsent", "126"},
         RefusalCase{"LenientAbsent",
                     [](zqerr_Status* s) {
                       return !zqdynlib::loadLenientLibrary<Plugin>("zqtestAbsent", s, "x_", zqdynlib::kPluginSites);
                     },
-                    true, "pluginutilities", "zqtestAbsent", "zqtestAbsent"},
+                    true, "pluginutilities", "zqtestAbsent", "zqtestAbsent", "126"},
         RefusalCase{"PluginAbsent", [](zqerr_Status* s) { return !zqdynlib::loadPlugin<Plugin>("zqtestAbsent", s); },
-                    true, "pluginutilities", "zqtestAbsent", "zqtestAbsent"},
+                    true, "pluginutilities", "zqtestAbsent", "zqtestAbsent", "126"},
+        RefusalCase{"StrictAbsentInAFolder",
+                    [](zqerr_Status* s) { return strictRefused<StrictClass>("no\\such\\zqtestStrict", "x_", s); },
+                    true, "pluginUtilities", "no\\such\\zqtestStrict", "no\\such\\zqtestStrict", "126"},
+        RefusalCase{"StrictNotALibrary",
+                    [](zqerr_Status* s) { return strictRefused<StrictClass>(garbagePath().c_str(), "x_", s); }, true,
+                    "pluginUtilities", garbagePath(), garbagePath(), "193"},
         RefusalCase{"StrictLacksOne", [](zqerr_Status* s) { return strictRefused<StrictClass>("zqtestStrict", "zqtestStrict_", s); },
-                    false, "pluginUtilities", "zqtestStrict", "zqtestStrict_write"},
+                    false, "pluginUtilities", "zqtestStrict", "zqtestStrict_write", "127"},
         RefusalCase{"StrictFirstMissInTableOrder",
                     [](zqerr_Status* s) { return strictRefused<TwoMissing>("zqtestStrict", "zqtestStrict_", s); }, false,
-                    "pluginUtilities", "zqtestStrict", "zqtestStrict_flush"},
+                    "pluginUtilities", "zqtestStrict", "zqtestStrict_flush", "127"},
         RefusalCase{"StrictMissingLast",
                     [](zqerr_Status* s) { return strictRefused<MissingLast>("zqtestStrict", "zqtestStrict_", s); }, false,
-                    "pluginUtilities", "zqtestStrict", "zqtestStrict_write"},
+                    "pluginUtilities", "zqtestStrict", "zqtestStrict_write", "127"},
         RefusalCase{"StrictLibraryWithoutSymbols",
                     [](zqerr_Status* s) { return strictRefused<StrictClass>("zqtestEmpty", "zqtestEmpty_", s); }, false,
-                    "pluginUtilities", "zqtestEmpty", "zqtestEmpty_open"}),
+                    "pluginUtilities", "zqtestEmpty", "zqtestEmpty_open", "127"}),
     [](const auto& info) { return std::string(info.param.label); });
 
 // --- the strict policy ----------------------------------------------------------------------

@@ -6,10 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "live_handles.h"
 #include "report_query.h"
 #include "selection_support.h"
-#include "storage/open_session.h"
 #include "test_sites.h"
 #include "zqvorex_status_codes.h"
 
@@ -102,21 +100,6 @@ TEST(SelectionEntry, FoundNamesJoinTheHeldOnes) {
     EXPECT_TRUE(out.devices.count("SimB"));
     EXPECT_TRUE(out.channels.count("Held/ai0"));
   }
-}
-
-// The check at the end of the program counts what the storage holds open for the selections'
-// binding: a session opened through it shows, and its release takes it away again.
-TEST(SelectionEntry, TheStorageCountsASessionUntilItsRelease) {
-  useSelectionStore();
-  const auto& storage = selectionBindings().storage;
-  const uint64_t before = liveStorageHandles();
-  zqerr::Status status;
-  const uint64_t session = zqvorexStorageCpp::openSession(storage.get(), "127.0.0.1", &status);
-  ASSERT_NE(session, 0u) << (status.report ? status.report : "");
-  EXPECT_EQ(liveStorageHandles(), before + 1);
-  storage->releaseSession(session, &status);
-  EXPECT_EQ(status.code, 0);
-  EXPECT_EQ(liveStorageHandles(), before);
 }
 
 }  // namespace

@@ -39,9 +39,7 @@ class FakeToggles final : public zqvorexRedir::IToggleReader {
   bool debugSession_;
 };
 
-// The companion storage library, bound once per process.
-const zqvorexStorageCpp::StorageBindings& selectionBindings();
-// A selector over those bindings.
+// A selector over the companion storage library, bound once per process.
 std::unique_ptr<zqvorexRedir::TaskPluginSelector> makeSelector(std::shared_ptr<FakeToggles> toggles);
 
 // What an out-parameter holds when the operation did not write it.

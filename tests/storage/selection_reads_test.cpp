@@ -45,7 +45,7 @@ class SelectionReads : public testing::Test {
     std::vector<std::string> names;
     for (const auto& id : ids.items) {
       TextOut name;
-      api().getObjectName(lock_->id, &id, name.get(), &status_);
+      storage().getObjectName(lock_->id, &id, name.get(), &status_);
       names.push_back(name.text);
     }
     return names;
@@ -75,7 +75,7 @@ TEST_F(SelectionReads, DeviceLookupByNameIgnoresCaseAndRefusesUnknownNames) {
     zqerr::Status status;
     IdsOut ids;
     ids.items.resize(1);
-    api().getObjectIDForNameInNamespace(lock_->id, ZQVOREX_STORAGE_CLASS_DEVICE, c.name, ids.items.data(), &status);
+    storage().getObjectIDForNameInNamespace(lock_->id, ZQVOREX_STORAGE_CLASS_DEVICE, c.name, ids.items.data(), &status);
     EXPECT_EQ(status.code, c.code);
     EXPECT_EQ(reportAt(status.report, {"error_constant"}), c.code ? "nZQMSTS::kErrorInvalidDeviceID" : kAbsent);
     EXPECT_EQ(reportWellFormed(status), c.code != 0);
@@ -103,17 +103,17 @@ TEST_F(SelectionReads, ClassDataAndCapabilityReads) {
     SCOPED_TRACE(c.name);
     zqerr::Status status;
     TextOut plugin;
-    api().getSDCClassAttributeString(c.url, c.classId, c.attribute, plugin.get(), &status);
+    caps().getSDCClassAttributeString(c.url, c.classId, c.attribute, plugin.get(), &status);
     EXPECT_EQ(status.code, c.code);
     EXPECT_EQ(plugin.text, c.code == 0 ? "zqvorexSim" : "");
   }
   zqerr::Status status;
-  EXPECT_EQ(api().getClassIDFromProductNumber("127.0.0.1", 777, &status), kOtherClass);
-  EXPECT_EQ(api().getStorageClassFromClass("127.0.0.1", kSimClass, &status), ZQVOREX_STORAGE_CLASS_DEVICE);
-  EXPECT_TRUE(api().getSDCClassIsType("127.0.0.1", kSimClass, kSimClass, &status));
-  EXPECT_FALSE(api().getSDCClassIsType("127.0.0.1", kSimClass, kOtherClass, &status));
+  EXPECT_EQ(caps().getClassIDFromProductNumber("127.0.0.1", 777, &status), kOtherClass);
+  EXPECT_EQ(caps().getStorageClassFromClass("127.0.0.1", kSimClass, &status), ZQVOREX_STORAGE_CLASS_DEVICE);
+  EXPECT_TRUE(caps().getSDCClassIsType("127.0.0.1", kSimClass, kSimClass, &status));
+  EXPECT_FALSE(caps().getSDCClassIsType("127.0.0.1", kSimClass, kOtherClass, &status));
   EXPECT_EQ(status.code, 0);
-  EXPECT_EQ(api().getClassIDFromProductNumber("127.0.0.1", 778, &status), 0u);
+  EXPECT_EQ(caps().getClassIDFromProductNumber("127.0.0.1", 778, &status), 0u);
   EXPECT_EQ(status.code, zqvorexStorage_errorObjectNotFound);
 }
 
@@ -126,7 +126,7 @@ TEST_F(SelectionReads, ConfiguredDevicesComeSortedByNameAndByClass) {
   for (const auto& [classId, expected] : cases) {
     SCOPED_TRACE(classId);
     IdsOut ids;
-    api().getConfiguredDevices(lock_->id, classId, ids.get(), &status_);
+    storage().getConfiguredDevices(lock_->id, classId, ids.get(), &status_);
     EXPECT_EQ(names(ids), expected);
     EXPECT_EQ(status_.code, 0);
   }
@@ -135,7 +135,7 @@ TEST_F(SelectionReads, ConfiguredDevicesComeSortedByNameAndByClass) {
 TEST_F(SelectionReads, NoStoreHasASecondaryUrl) {
   TextOut secondary;
   secondary.text = "left over";
-  EXPECT_FALSE(api().getSecondaryUrl("127.0.0.1", secondary.get(), &status_));
+  EXPECT_FALSE(storage().getSecondaryUrl("127.0.0.1", secondary.get(), &status_));
   EXPECT_EQ(secondary.text, "");
   EXPECT_EQ(status_.code, 0);
 }

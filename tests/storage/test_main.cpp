@@ -10,14 +10,12 @@
 #include <cstring>
 #include <string>
 
-#include "storage_api.h"
 #include "test_support.h"
 
 namespace {
 
 int writeDevices(const std::string& prefix, int count) {
-  const zqtest::StorageApi& api = zqtest::storageApi();
-  if (!api.missing.empty()) return 3;
+  zqvorexStorageCpp::Storage& api = *zqtest::storageBindings().storage;
   for (int i = 0; i < count; ++i) {
     zqerr::Status status;
     const uint64_t session = api.getSession("127.0.0.1", &status);
@@ -41,6 +39,7 @@ int writeDevices(const std::string& prefix, int count) {
 
 int main(int argc, char** argv) {
   zqtest::setProgramPath(argv[0]);
+  if (!zqtest::storageBindings().storage) return 3;  // the reason is printed
   if (argc == 4 && std::strcmp(argv[1], "--storage-child-writer") == 0) return writeDevices(argv[2], std::atoi(argv[3]));
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();

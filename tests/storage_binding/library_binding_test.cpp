@@ -1,5 +1,6 @@
 // Binding the storage and task-catalog libraries for real: the companion libraries bind whole,
-// and a library that lacks one operation of a class is refused for that class.
+// and a library that lacks one operation of a class is refused for that class. The storage
+// tests call the library through these classes, so each slot is checked there by its use.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -7,6 +8,7 @@
 #include <vector>
 
 #include "test_sites.h"
+#include "fake_storage.h"
 #include "binding/load_library.h"
 #include "report_query.h"
 #include "zqvorex_status_codes.h"
@@ -94,6 +96,19 @@ TEST(StorageBinding, AnEarlierErrorBindsNothing) {
   EXPECT_FALSE(bound.capabilities || bound.storage || bound.channelTaskSpecification);
   EXPECT_EQ(status.code, zqpalerr_badPointer);
   EXPECT_EQ(status.report, before);
+}
+
+// Each class's tests and slots are written by one generator for every operation: one class
+// stands for all.
+TEST(StorageBinding, ATestAnswersForItsOwnSlotAndSlotsOutsideTheTableAreIgnored) {
+  static int marker;
+  sc::Storage bound;
+  bound.setSlot(sc::Storage::kOperationCount, &marker);
+  EXPECT_EQ(bound.slot(sc::Storage::kOperationCount), nullptr);
+  EXPECT_FALSE(bound.hasConstructInMemoryStorageUrl());
+  bound.setSlot(zqtest::slotOf<sc::Storage>("getSession"), &marker);
+  EXPECT_TRUE(bound.hasGetSession());
+  EXPECT_FALSE(bound.hasGetSecondaryUrl() || bound.hasGetSessionWithSecondaryUrl());
 }
 
 }  // namespace
