@@ -38,11 +38,6 @@ std::shared_ptr<StrictPresent> loadStrictPresent() {
   return zqdynlib::loadBoundLibrary<StrictPresent>("zqtestStrict", &status, "zqtestStrict_");
 }
 
-// The plug-in library that the plug-in tests build, through the lenient policy with a prefix.
-std::shared_ptr<Plugin> loadSample(zqerr_Status* status) {
-  return zqdynlib::loadLenientLibrary<Plugin>("testplug", status, "testplug_", zqdynlib::kPluginSites);
-}
-
 // --- failures of both policies --------------------------------------------------------------
 
 // The cause is nested: a library that is absent fails its load, one that lacks an operation
@@ -183,42 +178,15 @@ TEST(LenientBinding, ALibraryWithoutSymbolsLoadsWithEveryPointerZero) {
   EXPECT_EQ(bound, 0u);
 }
 
-// --- lifetime -------------------------------------------------------------------------------
-
-// The sample plug-in counts the contexts it made in the library's own memory, which a fresh
-// load starts anew.
-uint32_t madeAnother(Plugin& plugin) {
-  zqerr::Status status;
-  plugin.createContext("c", &status);
-  return plugin.getTaskAttributeU32(nullptr, 0, &status);
-}
-
-TEST(BoundLibrary, StaysLoadedWhileAnyPointerLivesAndUnloadsWithTheLast) {
-  zqerr::Status status;
-  std::shared_ptr<Plugin> first = loadSample(&status);
-  ASSERT_TRUE(first) << (status.report ? status.report : "");
-  const uint32_t base = madeAnother(*first);
-  std::shared_ptr<Plugin> copy = first;
-  first.reset();
-  EXPECT_EQ(madeAnother(*copy), base + 1);  // still there through the copy
-  std::shared_ptr<Plugin> second = loadSample(&status);
-  EXPECT_EQ(madeAnother(*second), base + 2);  // a second binding shares the loaded library
-  copy.reset();
-  EXPECT_EQ(madeAnother(*second), base + 3);
-  second.reset();
-  std::shared_ptr<Plugin> fresh = loadSample(&status);
-  ASSERT_TRUE(fresh);
-  EXPECT_EQ(madeAnother(*fresh), 1u);  // the last pointer's end unloaded it
-  EXPECT_EQ(status.code, 0);
-}
-
 // --- an error on entry ----------------------------------------------------------------------
 
 TEST(BoundLibrary, AnEarlierErrorLoadsNothingAndChangesNothing) {
   using Load = std::shared_ptr<void> (*)(zqerr_Status*);
   const Load loads[] = {
       [](zqerr_Status* s) -> std::shared_ptr<void> { return zqdynlib::loadBoundLibrary<StrictPresent>("zqtestStrict", s, "zqtestStrict_"); },
-      [](zqerr_Status* s) -> std::shared_ptr<void> { return loadSample(s); },
+      [](zqerr_Status* s) -> std::shared_ptr<void> {
+        return zqdynlib::loadLenientLibrary<Plugin>("testplug", s, "testplug_", zqdynlib::kPluginSites);
+      },
       [](zqerr_Status* s) -> std::shared_ptr<void> { return zqdynlib::loadPlugin<Plugin>("testplug", s); },
       [](zqerr_Status* s) -> std::shared_ptr<void> { return zqdynlib::loadPlugin<Plugin>("dir/", s); },
   };
