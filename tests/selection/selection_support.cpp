@@ -48,7 +48,7 @@ std::string makeSelectionStore() {
   for (const char* command : {
            "define-class 4660 --plugin zqvorexSim",
            "define-class 4662 --plugin zqvorexSim",
-           "define-class 4661 --plugin zqvorexOther",
+           "define-class 4661 --plugin zqvorexOther --product 777",
            "add-device SimA --class 4660 --debuggable",
            "add-device SimB --class 4662",
            "add-device Other --class 4661",

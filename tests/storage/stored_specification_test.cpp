@@ -88,8 +88,8 @@ uint64_t taskNamed(const char* name, std::vector<std::string> channels, zqerr_St
   return definition;
 }
 
-// Every field survives closing and reopening the store; unknown names give no specification
-// and no failure.
+// Every field survives closing and reopening the store. (That unknown names give no
+// specification and no failure, the selection tests see through the selector's own codes.)
 TEST(StorageSpecifications, FieldsSurviveClosingAndReopeningTheStore) {
   useFreshStore("channel_fields");
   zqerr::Status status;
@@ -132,11 +132,6 @@ TEST(StorageSpecifications, FieldsSurviveClosingAndReopeningTheStore) {
   for (uint64_t definition : {local, global, readLocal, readGlobal, clone}) specs().destroyChannelSpecification(definition, &status);
   for (uint64_t definition : {task, readTask}) specs().destroyTaskSpecification(definition, &status);
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
-  EXPECT_EQ(specs().getTaskSpecification(token.id, "Nothing", &status), 0u);
-  EXPECT_EQ(specs().getChannelSpecificationByName(token.id, "Nothing", &status), 0u);
-  EXPECT_EQ(specs().getChannelSpecificationByTaskAndChan(token.id, "Nothing", "ai0", &status), 0u);
-  EXPECT_EQ(status.code, 0);
-  EXPECT_EQ(status.report, nullptr);
 }
 
 // A write through a specification token and the code it ends with, on a store that holds

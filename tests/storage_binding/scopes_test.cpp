@@ -45,12 +45,6 @@ TEST(OpenSession, GoesThroughTheSecondaryUrlWhenThereIsOne) {
   }
 }
 
-TEST(OpenSession, WithoutStorageGivesNoSession) {
-  zqerr::Status status;
-  EXPECT_EQ(sc::openSession(nullptr, "127.0.0.1", &status), 0u);
-  EXPECT_EQ(status.code, 0);  // the session scope reports the missing session
-}
-
 // One scope object made and ended inside `run`, over fresh stand-ins.
 struct ScopeCase {
   const char* label;
