@@ -62,6 +62,8 @@ const std::string& garbagePath() {
   return path;
 }
 
+void PrintTo(const RefusalCase& c, std::ostream* os) { *os << c.label; }
+
 class Refusal : public testing::TestWithParam<RefusalCase> {};
 
 TEST_P(Refusal, NamesTheLibraryAndNestsTheCause) {
