@@ -65,13 +65,11 @@ TEST(StorageBinding, OneMissingSymbolRefusesItsClassAndNoOther) {
     zqerr::Status status;
     EXPECT_EQ(c.load(&status), c.code == 0);
     EXPECT_EQ(status.code, c.code);
-    if (c.code == 0) continue;
-    const char* r = status.report;
-    EXPECT_EQ(reportAt(r, {"error_constant"}), "nZQMSTS::kErrorFunctionNotInLibrary");
-    EXPECT_EQ(reportAt(r, {"translator_info", "ordered_data", "#0", "usage"}), "kUsageTypeLibraryName");
-    EXPECT_EQ(reportAt(r, {"translator_info", "ordered_data", "#0", "value"}), "zqtestStorageGap");
-    EXPECT_EQ(reportAt(r, {"nested_error", "zqdynlib_debug", "zqdynlib_symbol"}),
-              "zqtestStorageGap_getObjectIDForNameInNamespace");
+    // The report is the strict binding's, read in test_binding's Refusal cases.
+    if (c.code != 0) {
+      EXPECT_EQ(reportAt(status.report, {"nested_error", "zqdynlib_debug", "zqdynlib_symbol"}),
+                "zqtestStorageGap_getObjectIDForNameInNamespace");
+    }
   }
 }
 
