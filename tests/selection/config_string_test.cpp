@@ -70,19 +70,10 @@ device = SimA
 physical_channels = SimA/ai0
 )ini";
 
-const char* const kOtherPlugin = R"ini(
-[task OnOther]
-[channel c]
-task = OnOther
-device = Other
-physical_channels = Other/ai7
-)ini";
-
 INSTANTIATE_TEST_SUITE_P(
     Texts, SelectForConfigString,
     testing::Values(
         TextCase{"OneTask", kOneTask, 0, "", "zqvorexSim", {"SimA", "SimB"}, {"SimA/ai5", "SimB/ai6"}},
-        TextCase{"OneTaskOfAnotherPlugin", kOtherPlugin, 0, "", "zqvorexOther", {"Other"}, {"Other/ai7"}},
         TextCase{"TwoTasks", kTwoTasks, kTaskCount, kTaskCountConstant, kUntouched, {}, {}},
         TextCase{"NoTask", "[channel lonely]\ndevice = SimA\n", kTaskCount, kTaskCountConstant, kUntouched, {}, {}},
         TextCase{"TaskWithoutChannels", "[task Bare]\n", nZQMSTS::kErrorPhysicalChannelNotSpecified,
