@@ -41,7 +41,7 @@ std::vector<Operation> operations() {
        }},
       {"selectForTask",
        [](TaskPluginSelector& s, Outputs& o, zqerr_Status* st) {
-         s.selectForTask("SavedSim", "GlobalB", "127.0.0.1", &o.plugin, &o.debuggable, &o.devices,
+         s.selectForTask("SavedSim", "", "127.0.0.1", &o.plugin, &o.debuggable, &o.devices,
                          &o.channels, st);
        }},
       {"selectForConfigString",
