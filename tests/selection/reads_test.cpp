@@ -28,15 +28,7 @@ class SelectionReads : public testing::Test {
     lock_.reset();
     session_.reset();
   }
-  std::vector<std::string> names(const IdsOut& ids) {
-    std::vector<std::string> names;
-    for (const auto& id : ids.items) {
-      TextOut name;
-      storage().getObjectName(lock_->id, &id, name.get(), &status_);
-      names.push_back(name.text);
-    }
-    return names;
-  }
+  std::vector<std::string> names(const IdsOut& ids) { return namesOf(lock_->id, ids, &status_); }
 
   zqerr::Status status_;
   std::unique_ptr<SessionScope> session_;

@@ -74,10 +74,8 @@ inline zqvorexStorage_ObjectID addDevice(uint64_t lock, const std::string& name,
   return id;
 }
 
-// The names of the objects of a storage class, in the store's order.
-inline std::vector<std::string> namesOfClass(uint64_t lock, uint32_t storageClass, zqerr_Status* status) {
-  IdsOut ids;
-  storage().appendObjectsForStorageClass(lock, storageClass, ids.get(), status);
+// The names of objects, in the order given.
+inline std::vector<std::string> namesOf(uint64_t lock, const IdsOut& ids, zqerr_Status* status) {
   std::vector<std::string> names;
   for (const auto& id : ids.items) {
     TextOut name;
@@ -85,6 +83,13 @@ inline std::vector<std::string> namesOfClass(uint64_t lock, uint32_t storageClas
     names.push_back(name.text);
   }
   return names;
+}
+
+// The names of the objects of a storage class, in the store's order.
+inline std::vector<std::string> namesOfClass(uint64_t lock, uint32_t storageClass, zqerr_Status* status) {
+  IdsOut ids;
+  storage().appendObjectsForStorageClass(lock, storageClass, ids.get(), status);
+  return namesOf(lock, ids, status);
 }
 
 }  // namespace zqtest
