@@ -103,7 +103,6 @@ INSTANTIATE_TEST_SUITE_P(
         TaskCase{"ChannelsAlone", "", "GlobalB", 0, "zqvorexSim", {"SimB"}, {"SimB/ai3"}},
         TaskCase{"TaskAndChannelsOfTwoPlugins", "SavedSim", "GlobalOther", kTwoPlugins, kUntouched, {}, {}},
         TaskCase{"UnknownChannelBesideTheTask", "SavedSim", "Missing", kUnknownChannel, kUntouched, {}, {}},
-        TaskCase{"UnknownTask", "NoTask", "", nZQMSTS::kErrorTaskNotInDataNeighborhood, kUntouched, {}, {}},
         TaskCase{"NothingNamed", "", "", kNoChannel, kUntouched, {}, {}}),
     kCaseLabel);
 
