@@ -138,17 +138,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& info) { return std::string(info.param.label); });
 
 // --- the strict policy ----------------------------------------------------------------------
-
-TEST(StrictBinding, BindsEveryOperationOfALibraryThatHasThemAll) {
-  zqerr::Status status;
-  auto bound = zqdynlib::loadBoundLibrary<StrictPresent>("zqtestStrict", &status, "zqtestStrict_");
-  ASSERT_TRUE(bound);
-  EXPECT_EQ(status.code, 0);
-  EXPECT_EQ(status.report, nullptr);
-  ASSERT_EQ(bound->boundMask(), "1111");
-  EXPECT_EQ(bound->call(0, &status), 1);  // open
-  EXPECT_EQ(bound->call(3, &status), 4);  // close
-}
+// (A library that has every operation: test_storage_binding binds the storage library whole.)
 
 // The refused library goes: with its only other user gone, its count starts again.
 TEST(StrictBinding, ARefusedLibraryIsUnloaded) {

@@ -30,6 +30,7 @@ TEST(StorageBinding, TheStorageLibraryBindsEveryClassWhole) {
   zqerr::Status status;
   const sc::StorageBindings bound = sc::bindStorage(sc::kStorageLibrary, &status);
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
+  EXPECT_EQ(status.report, nullptr);
   EXPECT_EQ(boundCount(bound.capabilities), 9u);
   EXPECT_EQ(boundCount(bound.storage), 60u);
   EXPECT_EQ(boundCount(bound.storageSpec), 23u);
