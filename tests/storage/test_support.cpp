@@ -36,7 +36,9 @@ const zqvorexStorageCpp::StorageBindings& storageBindings() {
   static const zqvorexStorageCpp::StorageBindings bindings = [] {
     zqerr::Status status;
     auto bound = zqvorexStorageCpp::bindStorage(zqvorexStorageCpp::kStorageLibrary, &status);
-    if (status.code != 0) std::fprintf(stderr, "the storage library did not bind: %s\n", status.report);
+    if (status.code != 0) {
+      std::fprintf(stderr, "the storage library did not bind: %s\n", status.report ? status.report : "");
+    }
     return bound;
   }();
   return bindings;

@@ -9,11 +9,11 @@
 
 namespace zqtest {
 
-// A fresh, absent store file storage_tmp/<name>.db under the working folder (relative, so a
-// child process finds it too), made the local store through ZQCAI_STORAGE_FILE.
 // The storage library bound by the driver's own classes, once per process.
 const zqvorexStorageCpp::StorageBindings& storageBindings();
 
+// A fresh, absent store file storage_tmp/<name>.db under the working folder (relative, so a
+// child process finds it too), made the local store through ZQCAI_STORAGE_FILE.
 std::string useFreshStore(const std::string& name);
 void setEnvironment(const std::string& name, const std::string& value);
 
