@@ -1,5 +1,6 @@
 #include "test_sites.h"
 #include "binding/bind_symbols.h"
+#include "binding/dynload.h"
 
 #include <gtest/gtest.h>
 
@@ -104,5 +105,27 @@ INSTANTIATE_TEST_SUITE_P(Codes, BindSymbolsEntry,
                          testing::Values(EntryCase{"Error", zqpalerr_badPointer, "00000", zqpalerr_badPointer},
                                          EntryCase{"Warning", 200, "01101", zqapalerr_invalidParameter}),
                          [](const auto& info) { return std::string(info.param.label); });
+
+// The loader's own calls: an error on entry stops both, a warning does not. (What their
+// failures report is read through the bindings that nest it, in load_library_test.)
+TEST_F(BindSymbols, AnEarlierErrorStopsTheLoaderAndAWarningDoesNot) {
+  struct Entry {
+    int32_t code;
+    bool runs;
+  };
+  for (const Entry& c : {Entry{zqpalerr_badPointer, false}, Entry{1, true}}) {
+    zqerr::Status status;
+    zqerr::setWithLocation(&status, c.code, ZQ_TEST_SITE("earlier", 7, earlier));
+    std::string before = status.report;
+    zqplatform::LibraryHandle loaded = zqdynlib_load("zqtestRecorder", &status);
+    void* symbol = zqdynlib_getSymbol(recorder_.handle(), "zqtestRecorder_bump", &status);
+    EXPECT_EQ(loaded != nullptr, c.runs) << c.code;
+    EXPECT_EQ(symbol != nullptr, c.runs) << c.code;
+    if (loaded) zqplatform::freeLibrary(loaded);
+    EXPECT_EQ(zqdynlib_getSymbol(recorder_.handle(), "zqtestRecorder_none", &status), nullptr);
+    EXPECT_EQ(status.code, c.runs ? zqapalerr_invalidParameter : c.code) << c.code;
+    EXPECT_EQ(status.report == before, !c.runs) << c.code;
+  }
+}
 
 }  // namespace

@@ -3,10 +3,6 @@
 
 #include <string.h>
 
-/* Every operation declared by the author's pattern, with a prefix of our own. */
-#define FAKE_DECLARE(result, operation, parameters) result fake_##operation parameters;
-ZQVOREX_PLUGIN_OPERATIONS(FAKE_DECLARE)
-
 #define FAKE_COUNT(result, operation, parameters) +1
 _Static_assert(0 ZQVOREX_PLUGIN_OPERATIONS(FAKE_COUNT) == ZQVOREX_PLUGIN_OPERATION_COUNT,
                "the X-macro names every operation once");

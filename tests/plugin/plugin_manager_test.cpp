@@ -47,19 +47,6 @@ class PluginFolder : public testing::Test {
   fs::path folder_;
 };
 
-TEST(PluginManager, TwoRequestsForOneNameShareOneLoad) {
-  PluginManager manager("");
-  zqerr::Status status;
-  std::shared_ptr<Plugin> first = manager.getPlugin("testplug", &status);
-  ASSERT_TRUE(first) << (status.report ? status.report : "");
-  uint32_t made = counter(*first, kContextsMade);
-  first->createContext("a", &status);
-  std::shared_ptr<Plugin> second = manager.getPlugin("testplug", &status);
-  EXPECT_EQ(second, first);
-  EXPECT_EQ(counter(*second, kContextsMade), made + 1);
-  EXPECT_EQ(status.code, 0);
-}
-
 TEST(PluginManager, AnEarlierErrorLoadsNothing) {
   PluginManager manager("");
   zqerr::Status status;

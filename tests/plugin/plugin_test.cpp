@@ -225,18 +225,4 @@ TEST_P(BoundOperation, IsCalledWithItsArgumentsAndItsResultReturned) {
 INSTANTIATE_TEST_SUITE_P(Fakes, BoundOperation, testing::ValuesIn(kBoundCases),
                          [](const testing::TestParamInfo<BoundCase>& info) { return std::string(info.param.op); });
 
-// Only what was bound answers; its neighbours in the table still report themselves.
-TEST(PluginTable, PartlyBoundTableTestsEachOperation) {
-  Plugin plugin;
-  bindFakes(&plugin);
-  EXPECT_TRUE(plugin.hasAutoCreateTask());
-  EXPECT_TRUE(plugin.hasRegisterDoneEvent());
-  EXPECT_FALSE(plugin.hasCreateContext());
-  EXPECT_FALSE(plugin.hasControlTask());
-  zqerr::Status status;
-  plugin.controlTask(taskHandle(), 0, true, &status);
-  EXPECT_EQ(status.code, kNotSupported);
-  EXPECT_EQ(unboundReport(status), expectedReport("controlTask"));
-}
-
 }  // namespace

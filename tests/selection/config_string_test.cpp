@@ -61,29 +61,11 @@ device = SimB
 physical_channels = SimB/ai6
 )ini";
 
-const char* const kTwoTasks = R"ini(
-[task First]
-[task Second]
-[channel a]
-task = First
-device = SimA
-physical_channels = SimA/ai0
-)ini";
-
-const char* const kOtherPlugin = R"ini(
-[task OnOther]
-[channel c]
-task = OnOther
-device = Other
-physical_channels = Other/ai7
-)ini";
-
 INSTANTIATE_TEST_SUITE_P(
     Texts, SelectForConfigString,
     testing::Values(
         TextCase{"OneTask", kOneTask, 0, "", "zqvorexSim", {"SimA", "SimB"}, {"SimA/ai5", "SimB/ai6"}},
-        TextCase{"OneTaskOfAnotherPlugin", kOtherPlugin, 0, "", "zqvorexOther", {"Other"}, {"Other/ai7"}},
-        TextCase{"TwoTasks", kTwoTasks, kTaskCount, kTaskCountConstant, kUntouched, {}, {}},
+        // Two tasks in one text are refused at the same site: the lifecycle scenario TaskAsText.
         TextCase{"NoTask", "[channel lonely]\ndevice = SimA\n", kTaskCount, kTaskCountConstant, kUntouched, {}, {}},
         TextCase{"TaskWithoutChannels", "[task Bare]\n", nZQMSTS::kErrorPhysicalChannelNotSpecified,
                  "nZQMSTS::kErrorPhysicalChannelNotSpecified", kUntouched, {}, {}},

@@ -6,10 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "live_handles.h"
 #include "report_query.h"
 #include "selection_support.h"
-#include "storage/open_session.h"
 #include "test_sites.h"
 #include "zqvorex_status_codes.h"
 
@@ -43,7 +41,7 @@ std::vector<Operation> operations() {
        }},
       {"selectForTask",
        [](TaskPluginSelector& s, Outputs& o, zqerr_Status* st) {
-         s.selectForTask("SavedSim", "GlobalB", "127.0.0.1", &o.plugin, &o.debuggable, &o.devices,
+         s.selectForTask("SavedSim", "", "127.0.0.1", &o.plugin, &o.debuggable, &o.devices,
                          &o.channels, st);
        }},
       {"selectForConfigString",
@@ -54,69 +52,37 @@ std::vector<Operation> operations() {
   };
 }
 
-TEST(SelectionEntry, AnEarlierErrorReadsNothingAndWritesNothing) {
+// For each operation: an earlier error reads and writes nothing; without the storage classes
+// it is refused; over the store it succeeds, with the held names kept beside the found ones.
+TEST(SelectionEntry, EarlierErrorMissingStorageAndHeldNames) {
   useSelectionStore();
   for (const Operation& op : operations()) {
     SCOPED_TRACE(op.label);
     auto toggles = std::make_shared<FakeToggles>(true);
-    auto selector = makeSelector(toggles);
-    Outputs out;
-    zqerr::Status status;
-    ZQ_TEST_FAIL(&status, zqpalerr_badSelector, "earlier", 9);
-    const std::string before = status.report;
-    op.run(*selector, out, &status);
-    EXPECT_EQ(status.code, zqpalerr_badSelector);
-    EXPECT_EQ(status.report, before);
-    EXPECT_EQ(out.plugin, kUntouched);
-    EXPECT_EQ(out.devices, NameSet{"SimB"});
-    EXPECT_EQ(out.channels, NameSet{"Held/ai0"});
+    Outputs failed, refused, found;
+    zqerr::Status failedStatus, refusedStatus, foundStatus;
+    ZQ_TEST_FAIL(&failedStatus, zqpalerr_badSelector, "earlier", 9);
+    const std::string before = failedStatus.report;
+    op.run(*makeSelector(toggles), failed, &failedStatus);
+    EXPECT_EQ(failedStatus.code, zqpalerr_badSelector);
+    EXPECT_EQ(failedStatus.report, before);
+    EXPECT_EQ(failed.plugin, kUntouched);
+    EXPECT_EQ(failed.devices, NameSet{"SimB"});
+    EXPECT_EQ(failed.channels, NameSet{"Held/ai0"});
     EXPECT_TRUE(toggles->asked.empty());
-  }
-}
 
-TEST(SelectionEntry, WithoutStorageEverySelectionIsRefused) {
-  useSelectionStore();
-  for (const Operation& op : operations()) {
-    SCOPED_TRACE(op.label);
-    TaskPluginSelector selector(zqvorexStorageCpp::StorageBindings{}, nullptr);
-    Outputs out;
-    zqerr::Status status;
-    op.run(selector, out, &status);
-    EXPECT_EQ(status.code, zqpalerr_badPointer);
-    EXPECT_EQ(reportAt(status.report, {"error_constant"}), "zqpalerr_badPointer");
-    EXPECT_EQ(out.plugin, kUntouched);
-  }
-}
+    TaskPluginSelector noStorage(zqvorexStorageCpp::StorageBindings{}, nullptr);
+    op.run(noStorage, refused, &refusedStatus);
+    EXPECT_EQ(refusedStatus.code, zqpalerr_badPointer);
+    EXPECT_EQ(reportAt(refusedStatus.report, {"error_constant"}), "zqpalerr_badPointer");
+    EXPECT_EQ(refused.plugin, kUntouched);
 
-// The same operations succeed over the store, with the held names kept beside the found ones.
-TEST(SelectionEntry, FoundNamesJoinTheHeldOnes) {
-  useSelectionStore();
-  for (const Operation& op : operations()) {
-    SCOPED_TRACE(op.label);
-    auto selector = makeSelector(nullptr);
-    Outputs out;
-    zqerr::Status status;
-    op.run(*selector, out, &status);
-    EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
-    EXPECT_EQ(out.plugin, "zqvorexSim");
-    EXPECT_TRUE(out.devices.count("SimB"));
-    EXPECT_TRUE(out.channels.count("Held/ai0"));
+    op.run(*makeSelector(nullptr), found, &foundStatus);
+    EXPECT_EQ(foundStatus.code, 0) << (foundStatus.report ? foundStatus.report : "");
+    EXPECT_EQ(found.plugin, "zqvorexSim");
+    EXPECT_TRUE(found.devices.count("SimB"));
+    EXPECT_TRUE(found.channels.count("Held/ai0"));
   }
-}
-
-// The check at the end of the program counts what the storage holds open for the selections'
-// binding: a session opened through it shows, and its release takes it away again.
-TEST(SelectionEntry, TheStorageCountsASessionUntilItsRelease) {
-  useSelectionStore();
-  const auto& storage = selectionBindings().storage;
-  const uint64_t before = liveStorageHandles();
-  zqerr::Status status;
-  const uint64_t session = zqvorexStorageCpp::openSession(storage.get(), "127.0.0.1", &status);
-  ASSERT_NE(session, 0u) << (status.report ? status.report : "");
-  EXPECT_EQ(liveStorageHandles(), before + 1);
-  storage->releaseSession(session, &status);
-  EXPECT_EQ(status.code, 0);
-  EXPECT_EQ(liveStorageHandles(), before);
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "storage/storage_binding.h"
 #include "test_support.h"
 
 namespace zqtest {
@@ -49,7 +48,7 @@ std::string makeSelectionStore() {
   for (const char* command : {
            "define-class 4660 --plugin zqvorexSim",
            "define-class 4662 --plugin zqvorexSim",
-           "define-class 4661 --plugin zqvorexOther",
+           "define-class 4661 --plugin zqvorexOther --product 777",
            "add-device SimA --class 4660 --debuggable",
            "add-device SimB --class 4662",
            "add-device Other --class 4661",
@@ -73,18 +72,8 @@ void useSelectionStore() {
 
 void useEmptyStore() { useFreshStore("selection_empty"); }
 
-const zqvorexStorageCpp::StorageBindings& selectionBindings() {
-  static const zqvorexStorageCpp::StorageBindings bindings = [] {
-    zqerr::Status status;
-    auto bound = zqvorexStorageCpp::bindStorage(zqvorexStorageCpp::kStorageLibrary, &status);
-    EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
-    return bound;
-  }();
-  return bindings;
-}
-
 std::unique_ptr<zqvorexRedir::TaskPluginSelector> makeSelector(std::shared_ptr<FakeToggles> toggles) {
-  return std::make_unique<zqvorexRedir::TaskPluginSelector>(selectionBindings(), std::move(toggles));
+  return std::make_unique<zqvorexRedir::TaskPluginSelector>(storageBindings(), std::move(toggles));
 }
 
 }  // namespace zqtest

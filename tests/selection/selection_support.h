@@ -14,8 +14,8 @@
 
 namespace zqtest {
 
-// Device classes 4660 and 4662 name the plug-in "zqvorexSim", 4661 "zqvorexOther"; 4999 is not
-// defined. Devices, with their boolean properties:
+// Device classes 4660 and 4662 name the plug-in "zqvorexSim", 4661 "zqvorexOther" (product
+// 777); 4999 is not defined. Devices, with their boolean properties:
 //   SimA (4660, debuggable), SimB (4662), Other, AaOther, ZzOther (4661),
 //   DebugDev (4661, debuggable, debug plug-in), DebugOrphan (4999, debug plug-in).
 // Saved tasks: SavedSim (channel "ai" on SimA/ai0, SimA/ai1), Mixed (its own channel on
@@ -39,9 +39,7 @@ class FakeToggles final : public zqvorexRedir::IToggleReader {
   bool debugSession_;
 };
 
-// The companion storage library, bound once per process.
-const zqvorexStorageCpp::StorageBindings& selectionBindings();
-// A selector over those bindings.
+// A selector over the companion storage library, bound once per process.
 std::unique_ptr<zqvorexRedir::TaskPluginSelector> makeSelector(std::shared_ptr<FakeToggles> toggles);
 
 // What an out-parameter holds when the operation did not write it.

@@ -49,8 +49,8 @@ TEST(StorageTool, AddListAndRemoveASimulatedDevice) {
     SessionScope session("127.0.0.1", &status);
     LockScope lock(session.id, LockScope::kRead, &status);
     zqvorexStorage_ObjectID id{};
-    api().getObjectIDForNameInNamespace(lock.id, ZQVOREX_STORAGE_CLASS_DEVICE, "SimDev1", &id, &status);
-    EXPECT_TRUE(api().isObjectSimulated(lock.id, &id, &status));
+    storage().getObjectIDForNameInNamespace(lock.id, ZQVOREX_STORAGE_CLASS_DEVICE, "SimDev1", &id, &status);
+    EXPECT_TRUE(storage().isObjectSimulated(lock.id, &id, &status));
     EXPECT_EQ(status.code, 0);
   }
 
@@ -114,24 +114,24 @@ TEST(StorageTool, ImportedTaskExportsAsTextThatReadsBackTheSame) {
   const ToolRun exported = zqstorage(store, "export Log");
   ASSERT_EQ(exported.exitCode, 0) << exported.err;
   zqerr::Status status;
-  const uint64_t session = api().getSessionFromConfigString(exported.out.c_str(), 0, &status);
+  const uint64_t session = storage().getSessionFromConfigString(exported.out.c_str(), 0, &status);
   ASSERT_NE(session, 0u) << exported.out << (status.report ? status.report : "");
   {
     LockScope token(session, LockScope::kSpecRead, &status);
-    const uint64_t task = api().getTaskSpecification(token.id, "Log", &status);
+    const uint64_t task = specs().getTaskSpecification(token.id, "Log", &status);
     ASSERT_NE(task, 0u);
     NamesOut channels, globals;
     TextOut author, block;
-    api().ChannelTaskSpecification_getChannelDataList(task, channels.get(), globals.get(), &status);
-    api().ChannelTaskSpecification_getAuthor(task, author.get(), &status);
-    api().ChannelTaskSpecification_getReadAttributeDataBlock(task, block.get(), &status);
-    api().destroyTaskSpecification(task, &status);
+    taskSpec().ChannelTaskSpecification_getChannelDataList(task, channels.get(), globals.get(), &status);
+    taskSpec().ChannelTaskSpecification_getAuthor(task, author.get(), &status);
+    taskSpec().ChannelTaskSpecification_getReadAttributeDataBlock(task, block.get(), &status);
+    specs().destroyTaskSpecification(task, &status);
     EXPECT_EQ(channels.items, (std::vector<std::string>{"ai0", "Shared"}));
     EXPECT_EQ(globals.items, (std::vector<std::string>{"", "Shared"}));
     EXPECT_EQ(author.text, "ann");
     EXPECT_EQ(block.text, std::string("\0\x01", 2));
   }
-  api().releaseSession(session, &status);
+  storage().releaseSession(session, &status);
   EXPECT_EQ(status.code, 0);
 
   EXPECT_EQ(zqstorage(store, "delete-task Log").exitCode, 0);

@@ -24,22 +24,22 @@ struct WriteStory {
 
 TEST(StorageDurability, OnlySavedWritesReachTheStore) {
   const std::vector<WriteStory> stories = {
-      {"saved", [](uint64_t l, zqerr_Status* s) { addDevice(l, "A", 1, s); api().saveStorageChanges(l, s); }, {"A"}},
+      {"saved", [](uint64_t l, zqerr_Status* s) { addDevice(l, "A", 1, s); storage().saveStorageChanges(l, s); }, {"A"}},
       {"not saved", [](uint64_t l, zqerr_Status* s) { addDevice(l, "A", 1, s); }, {}},
       {"reverted after a save",
        [](uint64_t l, zqerr_Status* s) {
          addDevice(l, "A", 1, s);
-         api().saveStorageChanges(l, s);
+         storage().saveStorageChanges(l, s);
          addDevice(l, "B", 1, s);
-         api().revertStorageChanges(l, s);
+         storage().revertStorageChanges(l, s);
        },
        {"A"}},
       {"written again after a revert",
        [](uint64_t l, zqerr_Status* s) {
          addDevice(l, "A", 1, s);
-         api().revertStorageChanges(l, s);
+         storage().revertStorageChanges(l, s);
          addDevice(l, "B", 1, s);
-         api().saveStorageChanges(l, s);
+         storage().saveStorageChanges(l, s);
        },
        {"B"}},
   };
@@ -67,18 +67,18 @@ TEST(StorageDurability, ReadLockKeepsItsSnapshotWhileAnotherSessionSaves) {
   SessionScope reader("127.0.0.1", &status);
   SessionScope writer("127.0.0.1", &status);
   LockScope read(reader.id, LockScope::kRead, &status);
-  const uint64_t before = api().getLastChangeNumber(read.id, &status);
+  const uint64_t before = storage().getLastChangeNumber(read.id, &status);
   {
     LockScope write(writer.id, LockScope::kWrite, &status);
     addDevice(write.id, "Late", 1, &status);
-    api().saveStorageChanges(write.id, &status);
+    storage().saveStorageChanges(write.id, &status);
   }
   EXPECT_TRUE(namesOfClass(read.id, ZQVOREX_STORAGE_CLASS_DEVICE, &status).empty());
-  EXPECT_EQ(api().getLastChangeNumber(read.id, &status), before);
+  EXPECT_EQ(storage().getLastChangeNumber(read.id, &status), before);
   read.end();
   LockScope again(reader.id, LockScope::kRead, &status);
   EXPECT_EQ(namesOfClass(again.id, ZQVOREX_STORAGE_CLASS_DEVICE, &status), std::vector<std::string>{"Late"});
-  EXPECT_EQ(api().getLastChangeNumber(again.id, &status), before + 1);
+  EXPECT_EQ(storage().getLastChangeNumber(again.id, &status), before + 1);
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
 }
 
@@ -100,7 +100,7 @@ TEST(StorageDurability, TwoProcessesWritingAtOnceLoseNothing) {
     SessionScope session("127.0.0.1", &status);
     LockScope lock(session.id, LockScope::kWrite, &status);
     addDevice(lock.id, "parent_" + std::to_string(i), 1, &status);
-    api().saveStorageChanges(lock.id, &status);
+    storage().saveStorageChanges(lock.id, &status);
     failures += status.code != 0;
   }
   child.join();
@@ -139,7 +139,7 @@ void makeStore(const std::string&) {
   SessionScope session("127.0.0.1", &status);
   LockScope lock(session.id, LockScope::kWrite, &status);
   addDevice(lock.id, "Dev1", 1, &status);
-  api().saveStorageChanges(lock.id, &status);
+  storage().saveStorageChanges(lock.id, &status);
   ASSERT_EQ(status.code, 0);
 }
 
@@ -166,7 +166,7 @@ TEST(StorageDurability, UnusableStoreFileGivesAClearStatus) {
     const std::string path = useFreshStore("bad_store");
     bad.spoil(path);
     zqerr::Status status;
-    const uint64_t session = api().getSession("127.0.0.1", &status);
+    const uint64_t session = storage().getSession("127.0.0.1", &status);
     EXPECT_EQ(session, 0u);
     EXPECT_EQ(status.code, bad.code);
     EXPECT_TRUE(reportWellFormed(status));
@@ -192,7 +192,7 @@ TEST(StorageDurability, StatusFollowsTheReplacementRule) {
     SCOPED_TRACE(c.name);
     zqerr::Status status;
     status.code = c.before;
-    EXPECT_EQ(api().getSession("remote.example", &status), 0u);
+    EXPECT_EQ(storage().getSession("remote.example", &status), 0u);
     EXPECT_EQ(status.code, c.after);
     EXPECT_EQ(status.report != nullptr, c.reported);
     if (c.reported) {

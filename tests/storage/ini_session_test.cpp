@@ -48,7 +48,7 @@ TEST(IniSessions, TheStoreHoldsTheTasksAndChannelsOfTheTextInItsOrder) {
                                                          {"", {}, {}}};
   for (const auto& [text, tasks, channels] : cases) {
     zqerr::Status status;
-    const uint64_t session = api().getSessionFromConfigString(text, 0, &status);
+    const uint64_t session = storage().getSessionFromConfigString(text, 0, &status);
     ASSERT_NE(session, 0u) << (status.report ? status.report : "");
     {
       LockScope lock(session, LockScope::kRead, &status);
@@ -56,14 +56,14 @@ TEST(IniSessions, TheStoreHoldsTheTasksAndChannelsOfTheTextInItsOrder) {
       EXPECT_EQ(namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_CHANNEL, &status), channels);
       EXPECT_TRUE(namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_DEVICE, &status).empty());
     }
-    api().releaseSession(session, &status);
+    storage().releaseSession(session, &status);
     EXPECT_EQ(status.code, 0);
   }
 }
 
 TEST(IniSessions, TaskChannelsResolveByTaskAndThenByGlobalName) {
   zqerr::Status status;
-  const uint64_t session = api().getSessionFromConfigString(kOneTask, 7, &status);
+  const uint64_t session = storage().getSessionFromConfigString(kOneTask, 7, &status);
   ASSERT_NE(session, 0u) << (status.report ? status.report : "");
   LockScope lock(session, LockScope::kRead, &status);
   const std::vector<std::string> taskNames = namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_TASK, &status);
@@ -71,35 +71,35 @@ TEST(IniSessions, TaskChannelsResolveByTaskAndThenByGlobalName) {
   EXPECT_EQ(namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_CHANNEL, &status), std::vector<std::string>{"Voltage_0"});
 
   LockScope token(session, LockScope::kSpecRead, &status);
-  const uint64_t task = api().getTaskSpecification(token.id, "Voltage Log", &status);
+  const uint64_t task = specs().getTaskSpecification(token.id, "Voltage Log", &status);
   ASSERT_NE(task, 0u);
   NamesOut channels, globals;
   TextOut description, timing;
-  api().ChannelTaskSpecification_getChannelDataList(task, channels.get(), globals.get(), &status);
-  api().ChannelTaskSpecification_getTaskDescription(task, description.get(), &status);
-  api().ChannelTaskSpecification_getTimingAttributeDataBlock(task, timing.get(), &status);
-  api().destroyTaskSpecification(task, &status);
+  taskSpec().ChannelTaskSpecification_getChannelDataList(task, channels.get(), globals.get(), &status);
+  taskSpec().ChannelTaskSpecification_getTaskDescription(task, description.get(), &status);
+  taskSpec().ChannelTaskSpecification_getTimingAttributeDataBlock(task, timing.get(), &status);
+  specs().destroyTaskSpecification(task, &status);
   EXPECT_EQ(channels.items, (std::vector<std::string>{"Voltage_0", "SharedTemp"}));
   EXPECT_EQ(globals.items, (std::vector<std::string>{"", "SharedTemp"}));
   EXPECT_EQ(description.text, "  two channels, one shared  ");
   EXPECT_EQ(timing.text, std::string("\x00\xff\x10", 3));
 
-  const uint64_t channel = api().getChannelSpecificationByTaskAndChan(token.id, "Voltage Log", "Voltage_0", &status);
+  const uint64_t channel = specs().getChannelSpecificationByTaskAndChan(token.id, "Voltage Log", "Voltage_0", &status);
   ASSERT_NE(channel, 0u);
   TextOut device;
   NamesOut physical;
-  api().ChannelSpecification_getEndpointDeviceIdentifier(channel, device.get(), &status);
-  api().ChannelSpecification_getPhysicalChannelNameList(channel, physical.get(), &status);
-  EXPECT_EQ(api().ChannelSpecification_getChannelType(channel, &status), 10322);
-  api().destroyChannelSpecification(channel, &status);
+  channelSpec().ChannelSpecification_getEndpointDeviceIdentifier(channel, device.get(), &status);
+  channelSpec().ChannelSpecification_getPhysicalChannelNameList(channel, physical.get(), &status);
+  EXPECT_EQ(channelSpec().ChannelSpecification_getChannelType(channel, &status), 10322);
+  specs().destroyChannelSpecification(channel, &status);
   EXPECT_EQ(device.text, "SimDev1");
   EXPECT_EQ(physical.items, (std::vector<std::string>{"SimDev1/ai0", "SimDev1/ai1"}));
   // SharedTemp is global and not in this text: the driver finds it in the local store.
-  EXPECT_EQ(api().getChannelSpecificationByName(token.id, "SharedTemp", &status), 0u);
+  EXPECT_EQ(specs().getChannelSpecificationByName(token.id, "SharedTemp", &status), 0u);
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
   token.end();
   lock.end();
-  api().releaseSession(session, &status);
+  storage().releaseSession(session, &status);
 }
 
 TEST(IniSessions, TextNotOfTheFormIsRefusedWithItsLine) {
@@ -127,7 +127,7 @@ TEST(IniSessions, TextNotOfTheFormIsRefusedWithItsLine) {
   for (const Case& c : cases) {
     SCOPED_TRACE(c.name);
     zqerr::Status status;
-    EXPECT_EQ(api().getSessionFromConfigString(c.text, 0, &status), 0u);
+    EXPECT_EQ(storage().getSessionFromConfigString(c.text, 0, &status), 0u);
     EXPECT_EQ(status.code, c.code);
     EXPECT_TRUE(reportWellFormed(status));
     EXPECT_EQ(reportAt(status.report, {"zqvorexStorage_debug", "line"}), c.line) << status.report;
@@ -137,20 +137,20 @@ TEST(IniSessions, TextNotOfTheFormIsRefusedWithItsLine) {
 TEST(IniSessions, MemoryStoresAreSharedBetweenSessionsOfOneProcess) {
   zqerr::Status status;
   TextOut url;
-  api().constructInMemoryStorageUrl(url.get(), &status);
+  storage().constructInMemoryStorageUrl(url.get(), &status);
   ASSERT_EQ(status.code, 0);
   {
     SessionScope writer(url.text.c_str(), &status);
     LockScope lock(writer.id, LockScope::kWrite, &status);
     addDevice(lock.id, "MemDev", 1, &status);
-    api().saveStorageChanges(lock.id, &status);
+    storage().saveStorageChanges(lock.id, &status);
   }
   SessionScope reader(url.text.c_str(), &status);
   LockScope lock(reader.id, LockScope::kRead, &status);
   EXPECT_EQ(namesOfClass(lock.id, ZQVOREX_STORAGE_CLASS_DEVICE, &status), std::vector<std::string>{"MemDev"});
   EXPECT_EQ(status.code, 0) << (status.report ? status.report : "");
   zqerr::Status unknown;
-  EXPECT_EQ(api().getSession("memory:999999", &unknown), 0u);
+  EXPECT_EQ(storage().getSession("memory:999999", &unknown), 0u);
   EXPECT_EQ(unknown.code, zqapalerr_resourceNotFound);
 }
 

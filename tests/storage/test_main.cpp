@@ -10,25 +10,20 @@
 #include <cstring>
 #include <string>
 
-#include "storage_api.h"
+#include "scopes.h"
 #include "test_support.h"
 
 namespace {
 
 int writeDevices(const std::string& prefix, int count) {
-  const zqtest::StorageApi& api = zqtest::storageApi();
-  if (!api.missing.empty()) return 3;
   for (int i = 0; i < count; ++i) {
     zqerr::Status status;
-    const uint64_t session = api.getSession("127.0.0.1", &status);
-    const uint64_t lock = api.beginWriteOperation(session, &status);
-    zqvorexStorage_ObjectID id{};
-    const std::string name = prefix + "_" + std::to_string(i);
-    api.createObject(lock, ZQVOREX_STORAGE_CLASS_DEVICE, 1, name.c_str(), nullptr, &id, &status);
-    api.saveStorageChanges(lock, &status);
-    zqerr::Status endStatus;
-    api.endWriteOperation(lock, &endStatus);
-    api.releaseSession(session, &endStatus);
+    {
+      zqtest::SessionScope session("127.0.0.1", &status);
+      zqtest::LockScope lock(session.id, zqtest::LockScope::kWrite, &status);
+      zqtest::addDevice(lock.id, prefix + "_" + std::to_string(i), 1, &status);
+      zqtest::storage().saveStorageChanges(lock.id, &status);
+    }
     if (status.code != 0) {
       std::fprintf(stderr, "child write %d failed: %d %s\n", i, status.code, status.report ? status.report : "");
       return 1;
@@ -41,6 +36,7 @@ int writeDevices(const std::string& prefix, int count) {
 
 int main(int argc, char** argv) {
   zqtest::setProgramPath(argv[0]);
+  if (!zqtest::storageBindings().storage) return 3;  // the reason is printed
   if (argc == 4 && std::strcmp(argv[1], "--storage-child-writer") == 0) return writeDevices(argv[2], std::atoi(argv[3]));
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();

@@ -1,5 +1,6 @@
 #include "test_support.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -29,6 +30,18 @@ std::string useFreshStore(const std::string& name) {
   for (const char* suffix : {"", "-wal", "-shm"}) std::filesystem::remove(path + suffix);
   setEnvironment("ZQCAI_STORAGE_FILE", path);
   return path;
+}
+
+const zqvorexStorageCpp::StorageBindings& storageBindings() {
+  static const zqvorexStorageCpp::StorageBindings bindings = [] {
+    zqerr::Status status;
+    auto bound = zqvorexStorageCpp::bindStorage(zqvorexStorageCpp::kStorageLibrary, &status);
+    if (status.code != 0) {
+      std::fprintf(stderr, "the storage library did not bind: %s\n", status.report ? status.report : "");
+    }
+    return bound;
+  }();
+  return bindings;
 }
 
 void setProgramPath(const char* argv0) { gProgramPath = argv0 ? argv0 : ""; }

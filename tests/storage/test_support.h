@@ -5,8 +5,12 @@
 #include <string>
 
 #include "status/status.h"
+#include "storage/storage_binding.h"
 
 namespace zqtest {
+
+// The storage library bound by the driver's own classes, once per process.
+const zqvorexStorageCpp::StorageBindings& storageBindings();
 
 // A fresh, absent store file storage_tmp/<name>.db under the working folder (relative, so a
 // child process finds it too), made the local store through ZQCAI_STORAGE_FILE.

@@ -1,13 +1,13 @@
-// The library's own answers to the reads by which the driver chooses a plug-in, against a store
-// that a user set up with the zqstorage tool. The selection tests read the same store through
-// the driver's selector; what they cannot see (the library's codes where the selector takes
-// either of two, the class filter, the other class data) is checked here.
+// The storage library's own answers to the reads by which the driver chooses a plug-in, over
+// the selection store. The selector's tests read the same store; what they cannot see (the
+// library's codes where the selector takes either of two, the class filter, the other class
+// data) is checked here.
 #include <gtest/gtest.h>
 
 #include <memory>
 
 #include "scopes.h"
-#include "test_support.h"
+#include "selection_support.h"
 
 namespace zqtest {
 namespace {
@@ -18,21 +18,8 @@ constexpr uint32_t kPluginName = ZQVOREX_CLASS_ATTRIBUTE_PLUGIN_NAME;
 
 class SelectionReads : public testing::Test {
  protected:
-  static void SetUpTestSuite() {
-    path_ = useFreshStore("selection");
-    const std::string tool = siblingProgram("zqstorage") + " --store " + path_ + " ";
-    for (const char* command : {
-             "define-class 4660 --plugin zqvorexSim --name Simulated",
-             "define-class 4661 --plugin zqvorexOther --product 777",
-             "add-device SimDev1 --class 4660 --simulated",
-             "add-device SimDev2 --class 4660 --simulated",
-             "add-device PlainDev --class 4661",
-         }) {
-      ASSERT_EQ(runCommand(tool + command + " > storage_tmp/selection_setup.txt"), 0) << command;
-    }
-  }
   void SetUp() override {
-    setEnvironment("ZQCAI_STORAGE_FILE", path_);
+    useSelectionStore();
     session_ = std::make_unique<SessionScope>("127.0.0.1", &status_);
     lock_ = std::make_unique<LockScope>(session_->id, LockScope::kRead, &status_);
     ASSERT_EQ(status_.code, 0) << (status_.report ? status_.report : "");
@@ -41,23 +28,12 @@ class SelectionReads : public testing::Test {
     lock_.reset();
     session_.reset();
   }
-  std::vector<std::string> names(const IdsOut& ids) {
-    std::vector<std::string> names;
-    for (const auto& id : ids.items) {
-      TextOut name;
-      api().getObjectName(lock_->id, &id, name.get(), &status_);
-      names.push_back(name.text);
-    }
-    return names;
-  }
+  std::vector<std::string> names(const IdsOut& ids) { return namesOf(lock_->id, ids, &status_); }
 
-  static std::string path_;
   zqerr::Status status_;
   std::unique_ptr<SessionScope> session_;
   std::unique_ptr<LockScope> lock_;
 };
-
-std::string SelectionReads::path_;
 
 TEST_F(SelectionReads, DeviceLookupByNameIgnoresCaseAndRefusesUnknownNames) {
   struct Case {
@@ -66,7 +42,7 @@ TEST_F(SelectionReads, DeviceLookupByNameIgnoresCaseAndRefusesUnknownNames) {
     std::vector<std::string> stored;  // the name as the store spells it
   };
   const std::vector<Case> cases = {
-      {"simdev1", 0, {"SimDev1"}},
+      {"sima", 0, {"SimA"}},
       {"NoSuchDev", zqvorexStorage_errorDeviceNotFound, {""}},
       {"", zqvorexStorage_errorDeviceNotFound, {""}},
   };
@@ -75,7 +51,7 @@ TEST_F(SelectionReads, DeviceLookupByNameIgnoresCaseAndRefusesUnknownNames) {
     zqerr::Status status;
     IdsOut ids;
     ids.items.resize(1);
-    api().getObjectIDForNameInNamespace(lock_->id, ZQVOREX_STORAGE_CLASS_DEVICE, c.name, ids.items.data(), &status);
+    storage().getObjectIDForNameInNamespace(lock_->id, ZQVOREX_STORAGE_CLASS_DEVICE, c.name, ids.items.data(), &status);
     EXPECT_EQ(status.code, c.code);
     EXPECT_EQ(reportAt(status.report, {"error_constant"}), c.code ? "nZQMSTS::kErrorInvalidDeviceID" : kAbsent);
     EXPECT_EQ(reportWellFormed(status), c.code != 0);
@@ -103,30 +79,30 @@ TEST_F(SelectionReads, ClassDataAndCapabilityReads) {
     SCOPED_TRACE(c.name);
     zqerr::Status status;
     TextOut plugin;
-    api().getSDCClassAttributeString(c.url, c.classId, c.attribute, plugin.get(), &status);
+    caps().getSDCClassAttributeString(c.url, c.classId, c.attribute, plugin.get(), &status);
     EXPECT_EQ(status.code, c.code);
     EXPECT_EQ(plugin.text, c.code == 0 ? "zqvorexSim" : "");
   }
   zqerr::Status status;
-  EXPECT_EQ(api().getClassIDFromProductNumber("127.0.0.1", 777, &status), kOtherClass);
-  EXPECT_EQ(api().getStorageClassFromClass("127.0.0.1", kSimClass, &status), ZQVOREX_STORAGE_CLASS_DEVICE);
-  EXPECT_TRUE(api().getSDCClassIsType("127.0.0.1", kSimClass, kSimClass, &status));
-  EXPECT_FALSE(api().getSDCClassIsType("127.0.0.1", kSimClass, kOtherClass, &status));
+  EXPECT_EQ(caps().getClassIDFromProductNumber("127.0.0.1", 777, &status), kOtherClass);
+  EXPECT_EQ(caps().getStorageClassFromClass("127.0.0.1", kSimClass, &status), ZQVOREX_STORAGE_CLASS_DEVICE);
+  EXPECT_TRUE(caps().getSDCClassIsType("127.0.0.1", kSimClass, kSimClass, &status));
+  EXPECT_FALSE(caps().getSDCClassIsType("127.0.0.1", kSimClass, kOtherClass, &status));
   EXPECT_EQ(status.code, 0);
-  EXPECT_EQ(api().getClassIDFromProductNumber("127.0.0.1", 778, &status), 0u);
+  EXPECT_EQ(caps().getClassIDFromProductNumber("127.0.0.1", 778, &status), 0u);
   EXPECT_EQ(status.code, zqvorexStorage_errorObjectNotFound);
 }
 
-TEST_F(SelectionReads, ConfiguredDevicesComeSortedByNameAndByClass) {
+TEST_F(SelectionReads, ConfiguredDevicesOfAClassComeSortedByName) {
+  // All devices, sorted, are the selector's suggestions (devices_test).
   const std::vector<std::pair<uint32_t, std::vector<std::string>>> cases = {
-      {ZQVOREX_STORAGE_CLASS_DEVICE, {"PlainDev", "SimDev1", "SimDev2"}},
-      {kSimClass, {"SimDev1", "SimDev2"}},
+      {kOtherClass, {"AaOther", "DebugDev", "Other", "ZzOther"}},
       {12345, {}},
   };
   for (const auto& [classId, expected] : cases) {
     SCOPED_TRACE(classId);
     IdsOut ids;
-    api().getConfiguredDevices(lock_->id, classId, ids.get(), &status_);
+    storage().getConfiguredDevices(lock_->id, classId, ids.get(), &status_);
     EXPECT_EQ(names(ids), expected);
     EXPECT_EQ(status_.code, 0);
   }
@@ -135,7 +111,7 @@ TEST_F(SelectionReads, ConfiguredDevicesComeSortedByNameAndByClass) {
 TEST_F(SelectionReads, NoStoreHasASecondaryUrl) {
   TextOut secondary;
   secondary.text = "left over";
-  EXPECT_FALSE(api().getSecondaryUrl("127.0.0.1", secondary.get(), &status_));
+  EXPECT_FALSE(storage().getSecondaryUrl("127.0.0.1", secondary.get(), &status_));
   EXPECT_EQ(secondary.text, "");
   EXPECT_EQ(status_.code, 0);
 }
