@@ -176,16 +176,4 @@ TEST_F(TracedFrame, ExceptionUnwindingTheFrameEndsTheRecordWithNoReturns) {
                             " channel@1:79[1,3]=\"ai0\" data@2:91[8,8]=" + pointerText(&x) + "; returns(0):");
 }
 
-TEST_F(TracedFrame, ModeWordOffBetweenTwoCallsTakesNoCookie) {
-  double x = 0;
-  getAIMax(*task, "", &x);
-  const auto before = spy.counters();
-  spy.setMode(0);
-  getAIMax(*task, "", &x);
-  EXPECT_EQ(spy.counters().lines, before.lines);
-  spy.setMode(1);
-  getAIMax(*task, "", &x);
-  EXPECT_EQ(spy.counters().lines, before.lines + 1);
-}
-
 }  // namespace
