@@ -226,13 +226,10 @@ struct SetCase {
 };
 
 const SetCase kSetCases[] = {
-    {"StringStripsSpaces", kString, Handle::kLive, " PFI0 ", 0, "PFI0", 0},
     {"StringStripsAllSixWhiteSpaces", kString, Handle::kLive, "\t\r\n\f\v a b \v\f\n\r\t", 0, "a b", 0},
     {"StringNullIsEmpty", kString, Handle::kLive, nullptr, 0, "", 0},
     {"StringKeepsCommas", kString, Handle::kLive, "PFI0, PFI1", 0, "PFI0, PFI1", 0},
     {"StringNullHandle", kString, Handle::kNull, "x", -200230, nullptr, 0},
-    {"StringExpiredTask", kString, Handle::kExpired, "x", zqpalerr_badPointer, nullptr, 0},
-    {"TerminalStripsSpaces", kTerminal, Handle::kLive, " PFI0 ", 0, "PFI0", 0},
     {"TerminalNullIsEmpty", kTerminal, Handle::kLive, nullptr, 0, "", 0},
     {"TerminalPassesTheTextNotTheName", kTerminal, Handle::kLive, "PFI0 , ", 0, "PFI0 ,", 0},
     {"TwoTerminals", kTerminal, Handle::kLive, "PFI0,PFI1", nZQMSTS100::kErrorMoreThanOneTerminal, nullptr, 2},
