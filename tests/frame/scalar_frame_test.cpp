@@ -151,16 +151,6 @@ TEST(ScalarFrame, PluginErrorReachesTheLastErrorWithTheTaskName) {
   EXPECT_EQ(zqtest::lastError()->taskName, "Acquisition 1");
 }
 
-TEST(ScalarFrame, WarningsDoNotReachTheLastError) {
-  auto task = RecordingTask::create();
-  double x;
-  task->on("getChannelAttributeF64").status(-5);
-  getAIMax(task->handle(), &x);
-  task->on("getChannelAttributeF64").status(5);
-  getAIMax(task->handle(), &x);
-  EXPECT_EQ(zqtest::lastErrorCode(), -5);
-}
-
 // The narrow operation's -89000 and its report are cleared: the wide operation's own failure
 // is what the caller and the last error see, without the narrow one's items.
 TEST(ScalarFrame, FallbackStartsTheWideOperationOnACleanReport) {
