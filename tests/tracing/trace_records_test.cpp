@@ -121,8 +121,9 @@ TEST_F(Tracing, ReturnedArrayIsCutAfterEightElements) {
     trace.retArray("readArray", kU8Array, kBytes, 10);
     trace.retval(-1);
   });
-  EXPECT_EQ(line, "F params(0):; returns(2): " + rec("readArray", 0, 10, 8, 10, "[1, 2, 3, 4, 5, 6, 7, 8, ... 10 in all]") +
-                      " " + rec("retval", 1, 75, 4, 4, "-1 failed"));
+  EXPECT_EQ(line, "F params(0):; returns(2): " +
+                      rec("readArray", 0, 10, 8, 10, "[1, 2, 3, 4, 5, 6, 7, 8, ... 10 in all]") + " " +
+                      rec("retval", 1, 75, 4, 4, "-1 failed"));
 }
 
 TEST_F(Tracing, LogFileHoldsTheSameLine) {
