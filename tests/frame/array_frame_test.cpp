@@ -159,16 +159,6 @@ TYPED_TEST(ArrayFrame, SetAnswersAsEachCaseSays) {
   }
 }
 
-TEST(ArrayFrameOperation, BadChannelListStopsBeforeThePlugin) {
-  auto task = RecordingTask::create();
-  double array[3] = {7, 7, 7};
-  const double values[1] = {1};
-  EXPECT_EQ(F64Arrays::get(task->handle(), ":3", array, 3), zqwombat::kErrorInvalidRange);
-  EXPECT_EQ(F64Arrays::set(task->handle(), ":3", values, 1), zqwombat::kErrorInvalidRange);
-  EXPECT_EQ(array[0], 7.0);
-  EXPECT_TRUE(task->calls().empty());
-}
-
 TEST(ArrayFrameOperation, ExceptionInTheOperationBecomesAStatus) {
   auto task = RecordingTask::create();
   task->onAny().throws(std::bad_alloc());

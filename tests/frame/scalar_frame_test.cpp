@@ -132,23 +132,6 @@ TEST_P(ScalarGet, AnswersAsTheCaseSays) {
 INSTANTIATE_TEST_SUITE_P(Cases, ScalarGet, testing::ValuesIn(kGetCases),
                          [](const testing::TestParamInfo<GetCase>& info) { return std::string(info.param.label); });
 
-TEST(ScalarFrame, ChannelListAndIdReachTheOperation) {
-  auto task = RecordingTask::create();
-  double x = 0;
-  EXPECT_EQ((getScalar<ClassF64, &ITask::getChannelAttributeF64>(kAIMax, task->handle(), " Dev1/ai0 ,Dev1/ai1", &x)),
-            0);
-  EXPECT_EQ((setScalar<ClassF64, &ITask::setChannelAttributeF64>(kAIMax, task->handle(), nullptr, 7.5)), 0);
-  EXPECT_EQ(resetAttribute<&ITask::resetChannelAttributeF64>(kAIMax, task->handle(), "Dev2/ai0:1"), 0);
-  ASSERT_EQ(task->calls().size(), 3u);
-  EXPECT_EQ(task->calls()[0].channels, (std::vector<std::string>{"Dev1/ai0", "Dev1/ai1"}));
-  EXPECT_EQ(task->calls()[0].attributeId, 0x17DD);
-  EXPECT_EQ(task->calls()[1].op, "setChannelAttributeF64");
-  EXPECT_EQ(task->calls()[1].channels, std::vector<std::string>{});
-  EXPECT_EQ(task->calls()[1].text("value"), "7.5");
-  EXPECT_EQ(task->calls()[2].op, "resetChannelAttributeF64");
-  EXPECT_EQ(task->calls()[2].channels, (std::vector<std::string>{"Dev2/ai0", "Dev2/ai1"}));
-}
-
 TEST(ScalarFrame, SetAndResetRefuseABadHandleBeforeThePlugin) {
   auto task = RecordingTask::create();
   EXPECT_EQ((setScalar<ClassF64, &ITask::setChannelAttributeF64>(kAIMax, nullptr, "", 1.0)), -200230);
@@ -166,16 +149,6 @@ TEST(ScalarFrame, PluginErrorReachesTheLastErrorWithTheTaskName) {
   EXPECT_EQ(getAIMax(task->handle(), &x), -201003);
   EXPECT_EQ(zqtest::lastErrorCode(), -201003);
   EXPECT_EQ(zqtest::lastError()->taskName, "Acquisition 1");
-}
-
-TEST(ScalarFrame, WarningsDoNotReachTheLastError) {
-  auto task = RecordingTask::create();
-  double x;
-  task->on("getChannelAttributeF64").status(-5);
-  getAIMax(task->handle(), &x);
-  task->on("getChannelAttributeF64").status(5);
-  getAIMax(task->handle(), &x);
-  EXPECT_EQ(zqtest::lastErrorCode(), -5);
 }
 
 // The narrow operation's -89000 and its report are cleared: the wide operation's own failure

@@ -8,8 +8,7 @@
 #include "frame/array_frame.h"
 #include "frame/scalar_frame.h"
 #include "frame/string_frame.h"
-#include "recording_task.h"
-#include "spy_client.h"
+#include "traced_task.h"
 
 namespace {
 
@@ -34,23 +33,15 @@ int32_t getCustomScaleName(RecordingTask& task, char* data, uint32_t size) {
   return getString<&ITask::getChannelAttributeString>(kCustomScaleName, task.handle(), "ai0", data, size);
 }
 
-class TracedFrame : public testing::Test {
+class TracedFrame : public zqtest::TracedTask {
  protected:
-  void SetUp() override {
-    ASSERT_TRUE(spy.loaded()) << "ZqSpyLog must be beside the test program";
-    spy.setMode(1);
-  }
-  void TearDown() override { spy.setMode(1); }
   // The part of the line after the handle's record, which shows an address.
   std::string afterHandle() {
     const std::string line = spy.line();
-    const std::string head = "taskHandle@0:93[8,8]=" + pointerText(task->handle());
-    const size_t at = line.find(head);
-    return at == std::string::npos ? "<no handle record> " + line : line.substr(at + head.size());
+    const std::string handleRecord = "taskHandle@0:93[8,8]=" + pointerText(task->handle());
+    const size_t at = line.find(handleRecord);
+    return at == std::string::npos ? "<no handle record> " + line : line.substr(at + handleRecord.size());
   }
-
-  zqtest::SpyClient spy;
-  std::shared_ptr<RecordingTask> task = RecordingTask::create();
 };
 
 TEST_F(TracedFrame, NullChannelIsAPointerAndEmptyTextHasLengthZero) {
@@ -174,18 +165,6 @@ TEST_F(TracedFrame, ExceptionUnwindingTheFrameEndsTheRecordWithNoReturns) {
   EXPECT_THROW(getAIMax(*throwing, "ai0", &x), std::runtime_error);
   EXPECT_EQ(spy.line(), "VorexGetAIMax params(3): taskHandle@0:93[8,8]=" + pointerText(throwing->handle()) +
                             " channel@1:79[1,3]=\"ai0\" data@2:91[8,8]=" + pointerText(&x) + "; returns(0):");
-}
-
-TEST_F(TracedFrame, ModeWordOffBetweenTwoCallsTakesNoCookie) {
-  double x = 0;
-  getAIMax(*task, "", &x);
-  const auto before = spy.counters();
-  spy.setMode(0);
-  getAIMax(*task, "", &x);
-  EXPECT_EQ(spy.counters().lines, before.lines);
-  spy.setMode(1);
-  getAIMax(*task, "", &x);
-  EXPECT_EQ(spy.counters().lines, before.lines + 1);
 }
 
 }  // namespace
