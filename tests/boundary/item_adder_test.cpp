@@ -31,6 +31,10 @@ TEST(ItemAdderAdapter, NumbersAreAppendedOneByOneAndInRanges) {
   EXPECT_EQ(reals, (std::vector<double>{9.0, 1.5, 2.5, 3.5}));
   t.clear(a, &status);
   EXPECT_TRUE(reals.empty());
+  std::vector<int32_t> integers{99};  // each element type has its own table
+  ItemAdderAdapter<int32_t> ints(integers);
+  ints.boundary()->table.i32->clear(ints.boundary(), &status);
+  EXPECT_TRUE(integers.empty());
   EXPECT_EQ(status.code, 0);
 }
 
