@@ -33,8 +33,12 @@ TEST(ItemAdderAdapter, NumbersAreAppendedOneByOneAndInRanges) {
   EXPECT_TRUE(reals.empty());
   std::vector<int32_t> integers{99};  // each element type has its own table
   ItemAdderAdapter<int32_t> ints(integers);
-  ints.boundary()->table.i32->clear(ints.boundary(), &status);
-  EXPECT_TRUE(integers.empty());
+  const zqgopher_IItemAdderI32Table& i = *ints.boundary()->table.i32;
+  const int32_t rest[] = {7, 42};
+  i.clear(ints.boundary(), &status);
+  i.add(ints.boundary(), -1, &status);
+  i.addRange(ints.boundary(), rest, 2, &status);
+  EXPECT_EQ(integers, (std::vector<int32_t>{-1, 7, 42}));
   EXPECT_EQ(status.code, 0);
 }
 
