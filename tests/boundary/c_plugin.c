@@ -68,30 +68,6 @@ void cplug_readLines(zqgopher_IArrayLineBuffer* buffer, const uint32_t* lines, u
       for (uint32_t l = 0; l < t->getNumLines(buffer, c, status); ++l) bytes[at++] = (uint8_t)(100 * c + 10 * s + l);
 }
 
-/* ---- lists ---- */
-
-void cplug_addNames(zqgopher_IItemAdder* names, zqerr_Status* status) {
-  static const char* const kRest[] = {"ai1", "ai2"};
-  names->table.strings->reserve(names, 3, status);
-  names->table.strings->add(names, "ai0", status);
-  names->table.strings->addRange(names, kRest, 2, status);
-}
-
-void cplug_addReals(zqgopher_IItemAdder* reals, zqerr_Status* status) {
-  static const double kRest[] = {1.5, 2.5};
-  reals->table.f64->reserve(reals, 3, status);
-  reals->table.f64->add(reals, 0.5, status);
-  reals->table.f64->addRange(reals, kRest, 2, status);
-}
-
-void cplug_addIntegers(zqgopher_IItemAdder* integers, zqerr_Status* status) {
-  static const int32_t kRest[] = {7, 42};
-  integers->table.i32->clear(integers, status);
-  integers->table.i32->reserve(integers, 3, status);
-  integers->table.i32->add(integers, -1, status);
-  integers->table.i32->addRange(integers, kRest, 2, status);
-}
-
 /* ---- objects of the plug-in ---- */
 
 static void sinkAssign(zqgopher_IString* self, const char* text, uint64_t length, zqerr_Status* status) {

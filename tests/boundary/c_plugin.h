@@ -25,11 +25,6 @@ double cplug_sumSamples(const zqgopher_IArrayBuffer* buffer, zqerr_Status* statu
 void cplug_readLines(zqgopher_IArrayLineBuffer* buffer, const uint32_t* lines, uint64_t channels,
                      uint64_t numSampsPerChan, zqerr_Status* status);
 
-/* Lists as a plug-in fills them. */
-void cplug_addNames(zqgopher_IItemAdder* names, zqerr_Status* status);  /* "ai0", "ai1", "ai2" */
-void cplug_addReals(zqgopher_IItemAdder* reals, zqerr_Status* status);  /* 0.5, 1.5, 2.5 */
-void cplug_addIntegers(zqgopher_IItemAdder* integers, zqerr_Status* status); /* -1, 7, 42 after a clear */
-
 /* ---- objects a plug-in builds and hands to the library ---- */
 
 /* A text sink over a fixed buffer; only assign is expected of the library. */

@@ -31,6 +31,14 @@ TEST(ItemAdderAdapter, NumbersAreAppendedOneByOneAndInRanges) {
   EXPECT_EQ(reals, (std::vector<double>{9.0, 1.5, 2.5, 3.5}));
   t.clear(a, &status);
   EXPECT_TRUE(reals.empty());
+  std::vector<int32_t> integers{99};  // each element type has its own table
+  ItemAdderAdapter<int32_t> ints(integers);
+  const zqgopher_IItemAdderI32Table& i = *ints.boundary()->table.i32;
+  const int32_t rest[] = {7, 42};
+  i.clear(ints.boundary(), &status);
+  i.add(ints.boundary(), -1, &status);
+  i.addRange(ints.boundary(), rest, 2, &status);
+  EXPECT_EQ(integers, (std::vector<int32_t>{-1, 7, 42}));
   EXPECT_EQ(status.code, 0);
 }
 

@@ -15,7 +15,6 @@ namespace {
 using zqgopher::copyArrayOut;
 using zqgopher::copyStringListOut;
 using zqgopher::copyStringOut;
-using zqgopher::copyStringToCaller;
 using zqtest::usageItem;
 
 constexpr size_t kBuffer = 16;
@@ -26,26 +25,9 @@ std::string tooSmallItems(int32_t needed, uint32_t given) {
 }
 
 // Sizes, copies, lists and short buffers are read back through the text and array accessors
-// (tests/frame); here what those never reach: a text of one terminator, the refusal's site
-// after a warning, a failed status, characters the page lacks and a text beyond the stack.
-TEST(OutParameters, AnEmptyTextFitsOneByte) {
-  std::string buffer(kBuffer, '#');
-  bool sizeQuery = false;
-  zqerr::Status status;
-  EXPECT_EQ(copyStringOut("", buffer.data(), 1, sizeQuery, &status), 0);
-  EXPECT_EQ(buffer, std::string("\0###############", 16));
-  EXPECT_EQ(status.code, 0);
-}
-
-TEST(OutParameters, TheInnerRoutineAddsNoItems) {
-  char buffer[4];
-  bool sizeQuery = false;
-  zqerr::Status status;
-  EXPECT_EQ(copyStringToCaller("Dev1/ai0", buffer, sizeof buffer, sizeQuery, &status), 0);
-  EXPECT_EQ(status.code, nZQMSTS::kErrorBufferTooSmallForString);
-  EXPECT_EQ(zqtest::items(status), "<none>");
-}
-
+// (tests/frame), with the exact items of a short buffer; here what those never reach: the
+// refusal's site after a warning, a failed status, characters the page lacks and a text beyond
+// the stack.
 TEST(OutParameters, AShortBufferReplacesAWarning) {
   char buffer[4];
   bool sizeQuery = false;

@@ -46,12 +46,6 @@ TEST_F(DirectPath, PluginWritesStraightIntoTheCallersArray) {
   EXPECT_EQ(got, 2);
 }
 
-TEST_F(DirectPath, ShapeBeyondTheArrayFailsInResize) {
-  task->fill = [](zqgopher_IArrayBuffer* b, zqerr_Status* s) { deliver<uint32_t>(b, 2, 3, {}, s); };
-  uint32_t array[5] = {};
-  EXPECT_EQ(VorexReadCounterU32(handle, 3, 1.0, array, 5, nullptr, nullptr), -200229);
-}
-
 TEST_F(DirectPath, CountReadIsStoredOnAFailingReadAndAWarningIsTheResult) {
   const struct {
     int32_t pluginCode;
