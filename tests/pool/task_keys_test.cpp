@@ -27,29 +27,4 @@ TEST(TaskAddressHash, MixesTheAddressPlusItsEighth) {
             0x4ea159b9ee9347c1ull);
 }
 
-struct NameCase {
-  const char* a;
-  const char* b;
-  bool same;
-};
-
-TEST(TaskName, ComparesWithoutCaseAndEqualNamesHashAlike) {
-  const NameCase cases[] = {
-      {"Task1", "task1", true},
-      {"STRASSE", "stra\xC3\x9F" "e", true},
-      {"\xC3\x89t\xC3\xA9", "\xC3\xA9T\xC3\x89", true},
-      {"\xCE\x91", "\xCE\xB1", false},  // Greek letters are compared as they stand
-      {"", "", true},
-      {"Task1", "Task2", false},
-      {"Task", "Task1", false},
-  };
-  for (const NameCase& c : cases) {
-    SCOPED_TRACE(std::string(c.a) + " / " + c.b);
-    EXPECT_EQ(nZQCAI100::sameTaskName(c.a, c.b), c.same);
-    if (c.same) {
-      EXPECT_EQ(nZQCAI100::taskNameHash(c.a), nZQCAI100::taskNameHash(c.b));
-    }
-  }
-}
-
 }  // namespace

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "test_sites.h"
-#include "boundary/array_view.h"
 #include "boundary/string_adapter.h"
 #include "report_query.h"
 #include "zqvorex_status_codes.h"
@@ -22,13 +21,6 @@ const std::vector<std::pair<const char*, Op>>& calls() {
   static const std::vector<std::pair<const char*, Op>> kCalls = {
       {"readScaledVectorF64",
        [](NullTask& t, zqerr_Status* s) { return t.readScaledVectorF64(1, nullptr, nullptr, 10, 1.0, nullptr, s); }},
-      {"getChannelAttributeF64",
-       [](NullTask& t, zqerr_Status* s) {
-         std::vector<std::string> names{"a"};
-         return t.getChannelAttributeF64(zqgopher::StringArrayView(names), 6, s);
-       }},
-      {"getTaskAttributeI32", [](NullTask& t, zqerr_Status* s) { return t.getTaskAttributeI32(12697, s); }},
-      {"createTimingSource", [](NullTask& t, zqerr_Status* s) { return t.createTimingSource(nullptr, s) ? 1 : 0; }},
       {"controlTask", [](NullTask& t, zqerr_Status* s) { t.controlTask(0, false, s); }},
       {"getTaskAttributeString",
        [](NullTask& t, zqerr_Status* s) {

@@ -104,7 +104,6 @@ std::vector<MirrorCase> mirrorCases() {
       MIRROR_CASE(readScaledScalarF64, 16111, cacheSamplesF64, S, filled(8), false, kNoChans, READ_SCALAR(f64)),
       MIRROR_CASE(readScaledVectorF64, 16111, cacheSamplesF64, A, none, true, kNoChans, READ_ARRAY),
       MIRROR_CASE(writeScaledScalarF64, 16111, cacheSamplesF64, S, bytesOf(2.5), false, kNoDev, WRITE_SCALAR(2.5)),
-      MIRROR_CASE(writeScaledVectorF64, 16111, cacheSamplesF64, A, none, true, kNoDev, WRITE_ARRAY),
       MIRROR_CASE(readPortScalarU8, 16112, cacheSamplesU8, S, filled(1), false, kNoChans, READ_SCALAR(u8)),
       MIRROR_CASE(writePortVectorU8, 16112, cacheSamplesU8, A, none, true, kNoDev, WRITE_ARRAY),
       MIRROR_CASE(readPortVectorU16, 16113, cacheSamplesU16, A, none, true, kNoChans, READ_ARRAY),
@@ -114,10 +113,8 @@ std::vector<MirrorCase> mirrorCases() {
       MIRROR_CASE(writePortVectorU32, 16114, cacheSamplesU32, A, none, true, kNoDev, WRITE_ARRAY),
       MIRROR_CASE(readBinaryVectorU16, 16115, cacheSamplesU16, A, none, true, kNoChans, READ_ARRAY),
       MIRROR_CASE(readBinaryVectorI16, 16116, cacheSamplesI16, A, none, true, kNoChans, READ_ARRAY),
-      MIRROR_CASE(writeBinaryVectorI16, 16116, cacheSamplesI16, A, none, true, kNoDev, WRITE_ARRAY),
       MIRROR_CASE(readBinaryVectorU32, 16117, cacheSamplesU32, A, none, true, kNoChans, READ_ARRAY),
       MIRROR_CASE(readBinaryVectorI32, 16118, cacheSamplesI32, A, none, true, kNoChans, READ_ARRAY),
-      MIRROR_CASE(writeBinaryVectorI32, 16118, cacheSamplesI32, A, none, true, kNoDev, WRITE_ARRAY),
       MIRROR_CASE(readScalarCounterDutyCycleAndFrequencyF64, 16121, cacheSamplesCounterDutyCycleAndFrequencyF64, S,
                   filled(16), false, kNoChans, READ_SCALAR(dutyCycleAndFrequency)),
       MIRROR_CASE(writeVectorCounterDutyCycleAndFrequencyF64, 16121, cacheSamplesCounterDutyCycleAndFrequencyF64, A,
@@ -129,9 +126,6 @@ std::vector<MirrorCase> mirrorCases() {
                   kNoChans, READ_ARRAY),
       MIRROR_CASE(readScalarCounterHighAndLowTicksU32, 16123, cacheSamplesCounterHighAndLowTicksU32, S, filled(8),
                   false, kNoChans, READ_SCALAR(ticks)),
-      MIRROR_CASE(writeScalarCounterHighAndLowTicksU32, 16123, cacheSamplesCounterHighAndLowTicksU32, S,
-                  bytesOf(zqvorexPlugin_HighAndLowTicksU32{3, 4}), false, kNoDev,
-                  WRITE_SCALAR(zqvorexPlugin_HighAndLowTicksU32{3, 4})),
       MIRROR_CASE(writeVectorCounterHighAndLowTicksU32, 16123, cacheSamplesCounterHighAndLowTicksU32, A, none, true,
                   kNoDev, WRITE_ARRAY),
       MIRROR_CASE(readLineScalarU8, 16124, cacheSamplesLineU8, SL, filled(1), false, kNoChans, READ_SCALAR(u8)),
@@ -147,9 +141,7 @@ std::vector<MirrorCase> mirrorCases() {
       MIRROR_CASE(readVectorPowerVoltageAndCurrentI16, 15505, cacheSamplesPowerVoltageAndCurrentI16, A, none, true,
                   kNoChans, READ_ARRAY),
       MIRROR_CASE(readRawI8, 0, cacheSamplesI8, A, none, false, kNoChans, READ_RAW),
-      MIRROR_CASE(readRawU32, 0, cacheSamplesU32, A, none, false, kNoChans, READ_RAW),
       MIRROR_CASE(writeRawI16, 0, cacheSamplesI16, A, none, false, kNoChans, WRITE_RAW),
-      MIRROR_CASE(writeRawU8, 0, cacheSamplesU8, A, none, false, kNoChans, WRITE_RAW),
   };
 }
 
