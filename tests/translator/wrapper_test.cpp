@@ -76,6 +76,12 @@ TEST_F(Wrapper, WithoutTheStaticFlagThereAreNoLaterRungs) {
   EXPECT_EQ(gAsked.size(), 1u);
 }
 
+// The static-only rung starts from a cleared status: its text stands and the failure is gone.
+TEST_F(Wrapper, ABadDynamicDescriptionStillGivesTheStaticText) {
+  EXPECT_EQ(translate(-5, R"({"translator":"qxlator_test","test_dynamic":{"dynamic":[1]}})", 0x200, 3), "Static -5");
+  EXPECT_EQ(status_.code, 0);
+}
+
 TEST_F(Wrapper, ABadNestedErrorStillGivesTheLevelsOwnText) {
   const std::string report =
       R"({"translator":"qxlator_test","test_dynamic":{"dynamic":[{"key":"K","value":"V"}]},"nested_error":5})";
