@@ -58,6 +58,7 @@ TEST_P(LastError, HoldsTheLastFailureWhole) {
 INSTANTIATE_TEST_SUITE_P(
     Sequences, LastError,
     testing::Values(Sequence{"task before name text", {{-200089, "Task", "Text"}}, -200089, "Task"},
+                    Sequence{"warning after failure", {{-200088, "A", nullptr}, {200026, "B", nullptr}}, -200088, "A"},
                     // The caller's name text is in the system code page; run under page 1252.
                     Sequence{"name text from the code page", {{-200089, nullptr, "M\xFC" "ller"}}, -200089,
                              "M\xC3\xBC" "ller"}),
@@ -67,5 +68,13 @@ INSTANTIATE_TEST_SUITE_P(
         if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
       return name;
     });
+
+TEST(LastErrorThreads, SuccessesAndWarningsMakeNoRecord) {
+  std::thread([] {
+    end({0, "Fine", nullptr});
+    end({200026, "Warned", nullptr});
+    EXPECT_EQ(tlsManager().getThreadRecord(), nullptr);
+  }).join();
+}
 
 }  // namespace
