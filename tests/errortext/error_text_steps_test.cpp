@@ -1,15 +1,14 @@
 // The steps of the error text functions on their own: the language mapping, the task name in
-// the report, the repair of a translated text, and the copy into the caller's buffer.
+// the report and the repair of a translated text.
 #include "errortext/error_text.h"
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <string>
 
 #include "report_query.h"
 #include "status/report_writer.h"
-#include "test_sites.h"
+#include "translator_fixture.h"
 #include "zqvorex_status_codes.h"
 
 namespace {
@@ -25,12 +24,6 @@ TEST(LanguageAndAde, PublicValuesMapToTheTranslatorsForm) {
                         {3, 0, 0x103}, {0xFFFFFFFF, 0xFFFFFFFF, 0x200}, {2, 7, 0x202}};
   for (const Case& c : cases)
     EXPECT_EQ(zqerrortext::languageAndAdeOf(c.language, c.ade), c.expected) << c.language << " " << c.ade;
-}
-
-void fill(zqerr_Status* status, const char* report) {
-  status->code = -1;
-  zqerr::growReport(status, static_cast<uint32_t>(std::strlen(report) + 2));
-  std::strcpy(status->report, report);
 }
 
 struct TaskNameCase {
@@ -52,8 +45,8 @@ class TaskName : public testing::TestWithParam<TaskNameCase> {};
 
 TEST_P(TaskName, LandsWhereItsTranslatorReadsIt) {
   const TaskNameCase& c = GetParam();
-  zqerr::Status copy;
-  fill(&copy, c.report);
+  zqtest::Input input(-1, c.report);
+  zqerr::Status& copy = input.status;
   zqerrortext::putTaskName(&copy, "Pressure Log");
   if (c.item < 0) {
     EXPECT_EQ(reportAt(copy.report, {"translator_info", "mdbg_task_name"}), "Pressure Log") << copy.report;
@@ -76,10 +69,9 @@ INSTANTIATE_TEST_SUITE_P(Cases, TaskName, testing::ValuesIn(kTaskNameCases),
 TEST(TaskNameElsewhere, AReportOfAnyOtherTranslatorStaysAsItIs) {
   for (const char* report : {R"({"translator":"qxlator_"})", R"({"translator":"someone"})",
                              R"({"translator":"QXLATOR_ZQVOREX"})"}) {
-    zqerr::Status copy;
-    fill(&copy, report);
-    zqerrortext::putTaskName(&copy, "Pressure Log");
-    EXPECT_STREQ(copy.report, report);
+    zqtest::Input copy(-1, report);
+    zqerrortext::putTaskName(&copy.status, "Pressure Log");
+    EXPECT_STREQ(copy.status.report, report);
   }
 }
 
@@ -107,8 +99,8 @@ class Repair : public testing::TestWithParam<RepairCase> {};
 
 TEST_P(Repair, GivesTheCallerTextAndNoFailure) {
   const RepairCase& c = GetParam();
-  zqerr::Status status;
-  if (c.failed) fill(&status, kFailure);
+  zqtest::Input failed(c.failed ? -1 : 0, c.failed ? kFailure : "{}");
+  zqerr::Status& status = failed.status;
   zqhtl::String text;
   zqerr::Status own;
   text.assign(c.text, &own);

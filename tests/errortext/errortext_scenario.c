@@ -29,14 +29,3 @@ int32 zqtestFailWithNullHandle(void) {
   char name[32];
   return VorexGetAICustomScaleName(0, "Dev1/ai0", name, sizeof name);
 }
-
-int32 zqtestShortTaskNameBuffer(const char* name, char* text, uInt32 size) {
-  TaskHandle task = 0;
-  char shortBuffer[4];
-  int32 code = VorexCreateTask(name, &task);
-  if (code != 0) return code;
-  code = VorexGetTaskName(task, shortBuffer, sizeof shortBuffer);
-  VorexGetExtendedErrorInfo(text, size);
-  VorexClearTask(task);
-  return code;
-}

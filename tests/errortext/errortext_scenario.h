@@ -15,9 +15,6 @@ int32 zqtestCountCodes(void);
 int32 zqtestFirstCodeWithoutText(const char* substitute);
 /* A named accessor with a null task handle: -200230. */
 int32 zqtestFailWithNullHandle(void);
-/* VorexGetTaskName of a task named name into a 4-byte buffer; the thread's extended error text
- * is copied into text before the task is cleared. Gives the name call's code. */
-int32 zqtestShortTaskNameBuffer(const char* name, char* text, uInt32 size);
 
 #ifdef __cplusplus
 }

@@ -58,10 +58,6 @@ TEST_P(LastError, HoldsTheLastFailureWhole) {
 INSTANTIATE_TEST_SUITE_P(
     Sequences, LastError,
     testing::Values(Sequence{"task before name text", {{-200089, "Task", "Text"}}, -200089, "Task"},
-                    Sequence{"success after failure",
-                             {{-200088, "A", nullptr}, {0, "B", nullptr}, {0, nullptr, nullptr}},
-                             -200088,
-                             "A"},
                     Sequence{"warning after failure", {{-200088, "A", nullptr}, {200026, "B", nullptr}}, -200088, "A"},
                     // The caller's name text is in the system code page; run under page 1252.
                     Sequence{"name text from the code page", {{-200089, nullptr, "M\xFC" "ller"}}, -200089,

@@ -3,18 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <string>
 #include <thread>
 
 #include "lasterror/last_error.h"
+#include "task/itask.h"
 #include "test_sites.h"
 
 namespace {
-
-struct Unnamed {
-  std::string name;
-  const std::string& getName() const { return name; }
-};
 
 TEST(LastErrorThreads, AThreadThatEndsFreesItsRecord) {
   const size_t before = nZQCAI100::tlsManager().recordCount();
@@ -23,7 +18,7 @@ TEST(LastErrorThreads, AThreadThatEndsFreesItsRecord) {
     {
       zqerr::Status status;
       ZQ_TEST_FAIL(&status, -200088, "ending", 1);
-      nZQCAI100::LastErrorRecorder<Unnamed> recorder(&status, nullptr, "Ending");
+      nZQCAI100::LastErrorRecorder<zqvorexRedir::ITask> recorder(&status, nullptr, "Ending");
     }
     failed = true;
     while (!done) std::this_thread::yield();

@@ -49,18 +49,6 @@ TEST(FixedStatus, SmallStructSizeStoresOnlyTheCode) {
   EXPECT_EQ(f.file[0], '\0');
 }
 
-TEST(StatusBridge, UpCarriesFileLineAndComponent) {
-  Status s;
-  {
-    StatusBridge bridge(&s);
-    EXPECT_EQ(bridge.fixed()->code, 0);
-    setFixed(bridge.fixed(), -200811, kComponent, "nstring", 1739);
-  }
-  EXPECT_EQ(s.code, -200811);
-  EXPECT_STREQ(s.report, R"({"file":"nstring","line":1739,"component":"zqcai_rd_"})");
-  EXPECT_GE(s.capacity, 258u);
-}
-
 TEST(StatusBridge, DownReadsTheSiteBackOut) {
   Status s;
   ZQ_TEST_FAIL(&s, -52005, "nstring", 1707);

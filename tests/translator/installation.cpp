@@ -41,11 +41,6 @@ void ExplanationFolders::copyFolder(const std::string& folder, const std::string
                                std::filesystem::copy_options::overwrite_existing);
 }
 
-void ExplanationFolders::removeFolder(const std::string& relative) const {
-  std::error_code ignored;
-  std::filesystem::remove_all(root_ / "errors" / std::filesystem::path(relative), ignored);
-}
-
 std::string ExplanationFolders::base() const { return utf8(root_) + "\\errors"; }
 
 std::string explanationFile(const std::string& entries) {

@@ -22,7 +22,6 @@ class ExplanationFolders {
   void write(const std::string& relative, const std::string& content) const;
   // Copies every file of `folder` into errors/<relative>.
   void copyFolder(const std::string& folder, const std::string& relative) const;
-  void removeFolder(const std::string& relative) const;
   // The base of the search, as the library builds it: "<shared folder>\errors".
   std::string base() const;
 

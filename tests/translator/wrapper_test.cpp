@@ -76,6 +76,7 @@ TEST_F(Wrapper, WithoutTheStaticFlagThereAreNoLaterRungs) {
   EXPECT_EQ(gAsked.size(), 1u);
 }
 
+// The static-only rung starts from a cleared status: its text stands and the failure is gone.
 TEST_F(Wrapper, ABadDynamicDescriptionStillGivesTheStaticText) {
   EXPECT_EQ(translate(-5, R"({"translator":"qxlator_test","test_dynamic":{"dynamic":[1]}})", 0x200, 3), "Static -5");
   EXPECT_EQ(status_.code, 0);
@@ -99,8 +100,6 @@ TEST_F(Wrapper, WhenEveryRungFailsTheTextIsTheFailuresReport) {
   const std::string text = translate(-5, R"({"translator":"qxlator_unknown"})", 0x200, 3);
   EXPECT_EQ(status_.code, zqapalerr_resourceNotFound);
   EXPECT_EQ(text, std::string(status_.report));
-  EXPECT_EQ(reportAt(status_.report, {"zqxlator_debug", "zqxlator_defaultTranslator"}),
-            "couldn't find description for code");
 }
 
 TEST_F(Wrapper, TheEncodingFlagGivesTheLanguagesBytes) {
