@@ -89,6 +89,17 @@ INSTANTIATE_TEST_SUITE_P(
                     NameCase{-1, u"abc", zqwombat::kErrorInvalidNameCharacter, 658, 0, "abc"},
                     NameCase{6, u"", zqwombat::kErrorEmptyName, 616, kNoPosition, ""}));
 
+TEST(NameRule, ItemsUnderTheTranslator) {
+  zqerr::Status status;
+  int32_t kind = zqwombat::kNameKindTask;
+  zqwombat::validateObjectName(u"ab:cd", &kind, &status);
+  EXPECT_STREQ(status.report,
+               R"({"file":"nparseutilities","line":658,"component":"zqcai_rd_","translator":"qxlator_zqvorex",)"
+               R"("translator_info":{"is_debug":"0","version":1,"ordered_data":[{"type":"usage",)"
+               R"("usage":"kUsageTypePositionOfInvalidCharacter","value":2,"value_type":"uint32_t"},)"
+               R"({"type":"usage","usage":"kUsageTypeInvalidString","value":"ab:cd","value_type":"string"}]}})");
+}
+
 TEST(NameRule, LengthTestOfKind4RunsAfterAnEarlierFailure) {
   zqerr::Status status;
   int32_t kind = 4;
