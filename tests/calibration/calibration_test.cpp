@@ -67,12 +67,13 @@ TEST(CalibrationDates, TheFractionRoundsToNearestAndAHalfToTheEvenSecond) {
   }
 }
 
-// Times before 1970 are refused through the calls below; the calendar's far end only here.
-TEST(CalibrationDates, TheCalendarRefusesTimesAfterItsEnd) {
+TEST(CalibrationDates, TheCalendarRefusesTimesBefore1970AndAfterItsEnd) {
   zqplatform::CalendarTime calendar{};
   EXPECT_FALSE(zqplatform::localTime64(zqplatform::kMaxTime64 + 1, &calendar));
   EXPECT_TRUE(zqplatform::localTime64(zqplatform::kMaxTime64, &calendar));
   EXPECT_EQ(calendar.yearsSince1900 + 1900, 3001);  // 02:59 local, EST
+  zqplatform::CalendarTime early{0, 0, 12, 31, 11, 69, 0, 0, 0};
+  EXPECT_EQ(zqplatform::makeTime64(&early), -1);
 }
 
 // --- dates through the API, in the test's time zone ------------------------------------------
