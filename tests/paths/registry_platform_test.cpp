@@ -52,32 +52,16 @@ TEST_F(RegistryCalls, QueryFollowsTheSizeProtocol) {
   ASSERT_EQ(regOpenKey(parent, u"Deep\\Key", kKeyRead, &key), kErrorSuccess);  // relative to an open key
   const std::u16string value = u"value";
   const auto needed = static_cast<uint32_t>((value.size() + 1) * 2);
-  struct QueryCase {
-    const char16_t* name;
-    bool withData;
-    uint32_t given;
-    uint32_t result;
-    uint32_t size;
-  };
-  const QueryCase cases[] = {
-      {u"Name", false, 0, kErrorSuccess, needed},        // size asked for
-      {u"Name", true, needed - 1, kErrorMoreData, needed},
-      {u"Name", true, needed, kErrorSuccess, needed},
-      {u"name", true, 64, kErrorSuccess, needed},         // names without regard to case
-      {u"Absent", true, 64, kErrorFileNotFound, 64},
-  };
-  for (const QueryCase& c : cases) {
-    std::vector<char16_t> data(32, u'#');
-    uint32_t type = 0, size = c.given;
-    uint32_t result = regQueryValue(key, c.name, &type, c.withData ? data.data() : nullptr, &size);
-    EXPECT_EQ(result, c.result);
-    if (result == kErrorFileNotFound) continue;
-    EXPECT_EQ(size, c.size);
-    EXPECT_EQ(type, kRegSz);
-    if (c.withData && result == kErrorSuccess) {
-      EXPECT_EQ(std::u16string(data.data(), value.size() + 1), value + u'\0');
-    }
-  }
+  // Too small a buffer and an absent value are the shared folder reads' own cases.
+  uint32_t type = 0, size = 0;
+  EXPECT_EQ(regQueryValue(key, u"Name", &type, nullptr, &size), kErrorSuccess);  // the size alone
+  EXPECT_EQ(size, needed);
+  EXPECT_EQ(type, kRegSz);
+  std::vector<char16_t> data(32, u'#');
+  size = 64;
+  EXPECT_EQ(regQueryValue(key, u"name", &type, data.data(), &size), kErrorSuccess);  // without regard to case
+  EXPECT_EQ(size, needed);
+  EXPECT_EQ(std::u16string(data.data(), value.size() + 1), value + u'\0');
   for (const char16_t* defaultName : {static_cast<const char16_t*>(nullptr), u""}) {
     char16_t data[16] = {};
     uint32_t size = sizeof data;

@@ -81,13 +81,6 @@ TEST(ListParser, DelimiterIsAWholeText) {
   EXPECT_EQ(parse(" a , b ", ""), (Names{"a , b"}));
 }
 
-TEST(ListParser, CommaListUsesTheComma) {
-  zqerr::Status status;
-  Names out;
-  zqwombat::parseCommaList("Dev1/ai0:1,Dev1/ai7", &out, &status);
-  EXPECT_EQ(out, (Names{"Dev1/ai0", "Dev1/ai1", "Dev1/ai7"}));
-}
-
 TEST(ListParser, LongTextLeavesTheStack) {
   std::string text;
   Names expected;

@@ -48,14 +48,6 @@ class Timing : public ReachesOperation {};
 TEST_P(Timing, ReachesItsOperationWithTheArgumentsInOrder) { check(); }
 INSTANTIATE_TEST_SUITE_P(Functions, Timing, testing::ValuesIn(kCases), operationCaseName);
 
-TEST(TimingText, ANullOrBlankSourceReachesThePluginEmpty) {
-  auto task = RecordingTask::create();
-  for (const char* source : {static_cast<const char*>(nullptr), "", " \t\r\n\f\v"}) {
-    ASSERT_EQ(VorexCfgSampClkTiming(task->handle(), source, 1000, 10280, 10178, 100), 0);
-    EXPECT_EQ(task->lastCall().text("source"), "");
-  }
-}
-
 TEST(TimingText, AListTheParserRefusesStaysInTheStatus) {
   auto task = RecordingTask::create();
   EXPECT_EQ(VorexCfgChangeDetectionTiming(task->handle(), "ai0:", "b", 10123, 1), -200498);

@@ -51,9 +51,7 @@ struct ReadCase {
 
 const ReadCase kReads[] = {
     {"True", "True", false, true, 0},
-    {"TRUE", "TRUE", false, true, 0},
     {"False", "False", true, false, 0},
-    {"one", "1", true, false, 0},
     {"empty", "", true, false, 0},
     {"fills_the_buffer", "Trues", true, false, 0},
     {"too_long_keeps_true_default", "TrueTrue", true, true, -52003},
