@@ -98,12 +98,24 @@ TEST(UnmodelledTypes, AreRefusedByName) {
   EXPECT_EQ(itemValue(status.report ? status.report : "", "kUsageTypeMeasurementType"), "AIPosLVDT");
 }
 
-// A name that is no channel of the device is refused in the error_handling example, and one on
-// a device the store lacks by the selector before the plug-in is asked.
-TEST(Channels, AnInputOnAnOutputChannelIsRefused) {
+// A name that is no channel of the device is refused in the error_handling example.
+struct BadChannel {
+  const char* physical;
+  int32_t code;
+};
+
+class BadChannels : public testing::TestWithParam<BadChannel> {};
+
+TEST_P(BadChannels, AreRefusedAndLeaveTheTaskWithoutThem) {
   auto task = makeTask("bad channel");
-  EXPECT_EQ(addVoltage(*task, "SimDev1/ao0").code, nZQMDEV::kErrorPhysicalChannelNotFound);
+  zqerr::Status status;
+  task->createAIVoltageChannel(GetParam().physical, "", -1, -10, 10, Vorex_Val_Volts, "", nullptr, &status);
+  EXPECT_EQ(status.code, GetParam().code) << (status.report ? status.report : "");
 }
+
+INSTANTIATE_TEST_SUITE_P(Names, BadChannels,
+                         testing::Values(BadChannel{"SimDev1/ao0", nZQMDEV::kErrorPhysicalChannelNotFound},
+                                         BadChannel{"Elsewhere/ai0", nZQMSTS::kErrorInvalidDeviceID}));
 
 TEST(Channels, AnalogOutputsAndInputsDoNotShareATask) {
   auto task = makeTask("mixed");
