@@ -98,17 +98,6 @@ TEST(Persistence, AGlobalChannelJoinsAnotherTaskWithItsSettings) {
   EXPECT_NE(iniOf(*user, "uses global").find("global_channels = SimGlobalPressure"), std::string::npos);
 }
 
-TEST(Persistence, IniTextWithTwoTasksIsRefused) {
-  const std::string text =
-      "[task One]\nchannels = a\n[channel a]\ntask = One\ndevice = SimDev1\nphysical_channels = SimDev1/ai0\n"
-      "[task Two]\nchannels = b\n[channel b]\ntask = Two\ndevice = SimDev1\nphysical_channels = "
-      "SimDev1/ai1\n";
-  auto task = makeTask("two tasks");
-  zqerr::Status status;
-  task->setUpFromString(0, text, &status);
-  EXPECT_EQ(status.code, nZQMESL100::kInternalErrorIllegalNumberOfTasksFoundInTaskINI);
-}
-
 TEST(Persistence, IniTextWithDamagedSettingsIsRefused) {
   const std::string text =
       "[task Broken]\nchannels = a\n[channel a]\ntask = Broken\ndevice = SimDev1\n"

@@ -262,17 +262,14 @@ end:
 
 typedef struct EdgeCase {
   const char* channel;
-  int input;
   int32 slope;
   double level;
 } EdgeCase;
 
 /* Slopes of at least 5 mV a sample at 10 kS/s, well above the noise. */
 static const EdgeCase kEdgeCases[] = {
-    {"SimDev1/ai1", 1, Vorex_Val_Rising, 0.75},
-    {"SimDev1/ai1", 1, Vorex_Val_Falling, -0.75},
-    {"SimDev1/ai3", 3, Vorex_Val_Rising, 0.0},
-    {"SimDev1/ai0", 0, Vorex_Val_Falling, 0.5},
+    {"SimDev1/ai1", Vorex_Val_Rising, 0.75},
+    {"SimDev1/ai1", Vorex_Val_Falling, -0.75},
 };
 
 #define EDGE_SAMPLES 200
@@ -339,7 +336,6 @@ static int referenceTrigger(char* why, size_t size) {
   CHECK(fabs(values[0] - first) < 0.01);
   CALL(VorexGetReadTotalSampPerChanAcquired(task, &acquired));
   CHECK(acquired == REF_SAMPLES);
-  CHECK(VorexReadAnalogF64(task, 1, 0.0, Vorex_Val_GroupByChannel, values, 1, &read, NULL) == READ_BEYOND_END);
 end:
   VorexClearTask(task);
   return failed;
