@@ -111,16 +111,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         RefusalCase{"StrictAbsent", [](zqerr_Status* s) { return strictRefused<StrictClass>("zqtestAbsent", "x_", s); },
                     true, "pluginUtilities", "zqtestAbsent", "zqtestAbsent", "126"},
-        RefusalCase{"LenientAbsent",
-                    [](zqerr_Status* s) {
-                      return !zqdynlib::loadLenientLibrary<Plugin>("zqtestAbsent", s, "x_", zqdynlib::kPluginSites);
-                    },
-                    true, "pluginutilities", "zqtestAbsent", "zqtestAbsent", "126"},
         RefusalCase{"PluginAbsent", [](zqerr_Status* s) { return !zqdynlib::loadPlugin<Plugin>("zqtestAbsent", s); },
                     true, "pluginutilities", "zqtestAbsent", "zqtestAbsent", "126"},
-        RefusalCase{"StrictAbsentInAFolder",
-                    [](zqerr_Status* s) { return strictRefused<StrictClass>("no\\such\\zqtestStrict", "x_", s); },
-                    true, "pluginUtilities", "no\\such\\zqtestStrict", "no\\such\\zqtestStrict", "126"},
         RefusalCase{"StrictNotALibrary",
                     [](zqerr_Status* s) { return strictRefused<StrictClass>(garbagePath().c_str(), "x_", s); }, true,
                     "pluginUtilities", garbagePath(), garbagePath(), "193"},
@@ -175,7 +167,6 @@ TEST(LenientBinding, ALibraryWithoutSymbolsLoadsWithEveryPointerZero) {
 TEST(BoundLibrary, AnEarlierErrorLoadsNothingAndChangesNothing) {
   using Load = std::shared_ptr<void> (*)(zqerr_Status*);
   const Load loads[] = {
-      [](zqerr_Status* s) -> std::shared_ptr<void> { return zqdynlib::loadBoundLibrary<StrictPresent>("zqtestStrict", s, "zqtestStrict_"); },
       [](zqerr_Status* s) -> std::shared_ptr<void> {
         return zqdynlib::loadLenientLibrary<Plugin>("testplug", s, "testplug_", zqdynlib::kPluginSites);
       },
