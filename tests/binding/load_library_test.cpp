@@ -167,6 +167,7 @@ TEST(LenientBinding, ALibraryWithoutSymbolsLoadsWithEveryPointerZero) {
 TEST(BoundLibrary, AnEarlierErrorLoadsNothingAndChangesNothing) {
   using Load = std::shared_ptr<void> (*)(zqerr_Status*);
   const Load loads[] = {
+      [](zqerr_Status* s) -> std::shared_ptr<void> { return zqdynlib::loadBoundLibrary<StrictPresent>("zqtestStrict", s, "zqtestStrict_"); },
       [](zqerr_Status* s) -> std::shared_ptr<void> {
         return zqdynlib::loadLenientLibrary<Plugin>("testplug", s, "testplug_", zqdynlib::kPluginSites);
       },
