@@ -62,7 +62,6 @@ INSTANTIATE_TEST_SUITE_P(
         DevicesCase{"DifferentPluginsFirstSortsFirst", {"AaOther", "SimA"}, true, kTwoPlugins, kUntouched, false},
         DevicesCase{"DifferentPluginsFirstSortsLast", {"SimA", "ZzOther"}, true, kTwoPlugins, kUntouched, false},
         DevicesCase{"DebugPluginBesideAnother", {"DebugDev", "SimB"}, true, kTwoPlugins, kUntouched, false},
-        DevicesCase{"UnknownBesideKnown", {"Ghost", "SimA"}, true, nZQMSTS::kErrorInvalidDeviceID, kUntouched, false},
         DevicesCase{"NoDevice", {}, true, nZQMSTS::kErrorPhysicalChannelNotSpecified, kUntouched, false}),
     kCaseLabel);
 
