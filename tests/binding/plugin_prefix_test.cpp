@@ -5,7 +5,6 @@
 #include "binding/load_library.h"
 #include "report_query.h"
 #include "zqvorex_status_codes.h"
-#include "plugin/plugin.h"
 
 namespace {
 
@@ -44,12 +43,5 @@ INSTANTIATE_TEST_SUITE_P(
                     PrefixCase{"x\\.hidden", "_"},                                 // something follows, if only a dot
                     PrefixCase{"C:\\Shared\\qxef\\", nullptr},                     // nothing after the separator
                     PrefixCase{"dir/", nullptr}, PrefixCase{"", nullptr}));
-
-TEST(PluginPrefix, ARefusedPathLoadsNothing) {
-  zqerr::Status status;
-  EXPECT_FALSE(zqdynlib::loadPlugin<zqvorexRedir::Plugin>("qxef\\", &status));
-  EXPECT_EQ(status.code, zqapalerr_invalidParameter);
-  EXPECT_EQ(zqtest::reportAt(status.report, {"nested_error"}), zqtest::kAbsent);  // refused before any load
-}
 
 }  // namespace

@@ -1,7 +1,7 @@
-/* A few plug-in operations written in C, as a plug-in author writes them, one for each shape of
- * argument and result (autoCreateTask, getChannelAttributeF64, readScaledVectorF64,
- * writeScalarCounterDutyCycleAndFrequencyF64, configureTimeStartTrigger, registerDoneEvent):
- * each records its arguments in fake_last and answers with a fixed result. */
+/* A few plug-in operations written in C, as a plug-in author writes them, for the shapes of
+ * argument and result that no plug-in of the other tests passes through the forwarders
+ * (readScaledVectorF64, configureTimeStartTrigger, registerDoneEvent): each records its
+ * arguments in fake_last and answers with a fixed result. */
 #ifndef ZQ_TEST_FAKE_PLUGIN_H
 #define ZQ_TEST_FAKE_PLUGIN_H
 
@@ -18,16 +18,13 @@ typedef struct fake_Record {
   double reals[2];
   bool flag;
   zqvorexPlugin_AbsoluteTime time;
-  zqvorexPlugin_DutyCycleAndFrequencyF64 pair;
   zqerr_Status* status;
 } fake_Record;
 
 extern fake_Record fake_last;
 
 /* What the fakes return. */
-extern int fake_contextObject;
 extern int fake_taskObject;
-#define FAKE_CHANNEL_F64 2.5
 #define FAKE_READ_COUNT 7u
 #define FAKE_EVENT_TOKEN 0x1234567890ull
 

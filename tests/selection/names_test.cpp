@@ -58,7 +58,6 @@ INSTANTIATE_TEST_SUITE_P(
         NamesCase{"GlobalChannel", "GlobalB", 0, false, "zqvorexSim", {"SimB"}, {"SimB/ai3"}},
         NamesCase{"GlobalChannelsOfTwoPlugins", "GlobalB, GlobalOther", kTwoPlugins, false, kUntouched, {}, {}},
         NamesCase{"Empty", "", nZQMSTS::kErrorGrafoEmptyTaskOrChans, false, kUntouched, {}, {}},
-        NamesCase{"UnknownChannel", "NoSuchChannel", kUnknownChannel, false, kUntouched, {}, {}},
         NamesCase{"ChannelOnAnUnknownDevice", "GlobalGhost", nZQMSTS::kErrorInvalidDeviceID, false, kUntouched, {}, {}},
         NamesCase{"OnlyBlanks", "  ", kNoChannel, false, kUntouched, {}, {}}),
     kCaseLabel);
