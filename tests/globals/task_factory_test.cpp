@@ -33,8 +33,7 @@ void withFactory(const char* name, const std::function<void(ITaskFactory&)>& bod
   folder.clear();
   folder.install(kStorageFile);
   inFreshProcess([&] {
-    Installation installation;
-    installation.setSharedFolder64(folder.text());
+    Installation installation(folder.text());
     zqerr::Status status;
     std::shared_ptr<ITaskFactory> factory = nZQCAI100::getTaskFactory(&status);
     ASSERT_EQ(status.code, 0) << status.report;
