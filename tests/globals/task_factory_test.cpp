@@ -52,9 +52,6 @@ TEST(TaskFactory, ACreatedTaskWithNoNamesIsUnboundAndCarriesTheServicesOfTheReco
     EXPECT_EQ(task->getName(), "MyTask");
     EXPECT_EQ(task->getContext(), ctx);
     EXPECT_EQ(task->sharedFromThis(), task);
-    double value = 0;
-    task->readScaledScalarF64(0, 1.0, &value, nullptr, &status);
-    EXPECT_EQ(status.code, nZQMSTS::kErrorCanNotPerformOpWhenNoChansInTask);
     auto* plugins = dynamic_cast<zqvorexRedir::PluginManager*>(nZQCAI100::currentSharedGlobals()->pluginManager.get());
     ASSERT_NE(plugins, nullptr);
     EXPECT_EQ(plugins->pluginCount(), 0u) << "no library is loaded for an unbound task";
