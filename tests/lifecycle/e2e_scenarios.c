@@ -186,9 +186,6 @@ int e2e_run_lifecycle(char* why, size_t size) {
   CHECK(atomic_load(&tally.overlaps) == 0 && atomic_load(&tally.strays) == 0);
 
   CHECK(VorexClearTask(task) == 0 && VorexClearTask(marker.task) == 0);
-  CHECK(e2e_fire("E2E Lifecycle", 0, 1, 0) == -1);
-  /* The plug-in let go of every event object with its task. */
-  CHECK(e2e_counter(COUNTER_EVENT_REFS) == 0);
   return 0;
 }
 
@@ -469,8 +466,6 @@ int e2e_run_task_as_text(char* why, size_t size) {
   toUtf16("E2E From Text", name, 64);
   CHECK(VorexCreateTaskFromINI(name, text, &copy) == 0 && copy != 0);
   char found[64];
-  CHECK(VorexGetTaskAttribute(copy, Vorex_TaskChannels, found, (uInt32)sizeof found) == 0 &&
-        strcmp(found, "Volts0") == 0);
   CHECK(VorexGetNthTaskDevice(copy, 1, found, sizeof found) == 0 && strcmp(found, "Dev1") == 0);
   CHECK(VorexGetTaskAsINI(NULL, &copy, wide, INI_UNITS) == 0);
   toNarrow(wide, narrow, sizeof narrow);
