@@ -77,8 +77,7 @@ TEST_P(ProcessExit, CallsThePluginOnlyForTheTasksThatWereCleared) {
   EXPECT_EXIT(
       {
         {
-          Installation installation;  // ended here: exit() ends no local object
-          installation.setSharedFolder64(folder.text());
+          Installation installation(folder.text());  // ended here: exit() ends no local object
           // putenv keeps the text itself, which must outlive every exit action.
           putenv((new std::string("ZQTEST_DRIVE_LOG=" + log))->data());
           poolBoundTask(c.clearBeforeExit);

@@ -51,7 +51,7 @@ class SharedFolder {
 class Installation {
  public:
   Installation() : registry_(ScratchRegistry::Scope::kPrivate) {}
-  void setSharedFolder64(const std::string& folder) {
+  explicit Installation(const std::string& folder) : Installation() {
     registry_.setString(ScratchRegistry::View::k64, "SOFTWARE\\Torvane\\Common\\Installer", "ZQSHAREDDIR64", folder);
   }
 
