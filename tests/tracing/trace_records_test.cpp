@@ -88,7 +88,7 @@ TEST_F(Tracing, ModeWordOffBetweenTwoCallsTakesNoCookie) {
 }
 
 // The records of the helpers that no traced export in the tests passes through: an array of
-// 16-bit words and a timeout that is a number although negative.
+// 16-bit words, a timeout that is a number although negative, and a double attribute's pointer.
 TEST_F(Tracing, ParameterHelpersWriteTheirRecords) {
   struct Case {
     void (*write)(TraceCall&);
@@ -96,10 +96,13 @@ TEST_F(Tracing, ParameterHelpersWriteTheirRecords) {
   };
   static const int16_t kWordData[] = {-1, 2, 300};
   static const int16_t* const kWords = kWordData;
+  static const double kAttribute = 2.5;
   const Case cases[] = {
       {[](TraceCall& t) { t.paramArray("writeArray", kI16Array, kWords, 3); },
        rec("writeArray", 0, 8, 8, 8, pointerText(kWords)) + " " + rec("writeArray", 1, 8, 8, 24, "[-1, 2, 300]")},
       {[](TraceCall& t) { t.paramTimeout("timeout", -1.5); }, rec("timeout", 0, 81, 8, 8, "-1.5")},
+      {[](TraceCall& t) { t.param("data", kF64AttributePointer, &kAttribute); },
+       rec("data", 0, 91, 8, 8, pointerText(&kAttribute))},
   };
   for (const Case& c : cases) {
     std::string line = lineOf([&] {
@@ -112,18 +115,29 @@ TEST_F(Tracing, ParameterHelpersWriteTheirRecords) {
   }
 }
 
-// A long array shows its first eight elements and its count.
-TEST_F(Tracing, ReturnedArrayIsCutAfterEightElements) {
-  static const uint8_t kBytes[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
-  std::string line = lineOf([&] {
-    TraceCall trace("F");
-    trace.endParams();
-    trace.retArray("readArray", kU8Array, kBytes, 10);
-    trace.retval(-1);
-  });
-  EXPECT_EQ(line, "F params(0):; returns(2): " +
-                      rec("readArray", 0, 10, 8, 10, "[1, 2, 3, 4, 5, 6, 7, 8, ... 10 in all]") + " " +
-                      rec("retval", 1, 75, 4, 4, "-1 failed"));
+// A long array shows its first eight elements and its count; a double attribute's value has
+// its own type code, which no traced export in the tests returns.
+TEST_F(Tracing, ReturnHelpersWriteTheirRecords) {
+  struct Case {
+    void (*write)(TraceCall&);
+    std::string records;
+  };
+  static const uint8_t kByteData[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
+  static const uint8_t* const kBytes = kByteData;
+  const Case cases[] = {
+      {[](TraceCall& t) { t.retArray("readArray", kU8Array, kBytes, 10); },
+       rec("readArray", 0, 10, 8, 10, "[1, 2, 3, 4, 5, 6, 7, 8, ... 10 in all]")},
+      {[](TraceCall& t) { t.ret("*data", kF64Attribute, 2.5); }, rec("*data", 0, 19, 8, 8, "2.5")},
+  };
+  for (const Case& c : cases) {
+    std::string line = lineOf([&] {
+      TraceCall trace("F");
+      trace.endParams();
+      c.write(trace);
+      trace.retval(-1);
+    });
+    EXPECT_EQ(line, "F params(0):; returns(2): " + c.records + " " + rec("retval", 1, 75, 4, 4, "-1 failed"));
+  }
 }
 
 TEST_F(Tracing, LogFileHoldsTheSameLine) {
