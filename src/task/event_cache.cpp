@@ -73,9 +73,4 @@ void EventCache::remove(zqvorexPlugin_EventToken token, zqerr_Status* status) {
   idByToken_.erase(found);
 }
 
-size_t EventCache::idCount() const {
-  std::lock_guard<zqplatform::SlimLock> held(lock_);
-  return tokensById_.size();
-}
-
 }  // namespace zqvorexRedir

@@ -25,9 +25,6 @@ class EventCache {
   EventTokens getEvents(int32_t eventId, zqerr_Status* status) const;
   void remove(zqvorexPlugin_EventToken token, zqerr_Status* status);
 
-  // For inspection: how many ids hold tokens.
-  size_t idCount() const;
-
  private:
   void insert(int32_t eventId, zqvorexPlugin_EventToken token, const void* boundaryObject);
 
